@@ -13,7 +13,8 @@ namespace consultas::host {
 int CmdAbrir(const QStringList& args) {
     const OpcionesHost o = LeeOpciones(args, false);
     ValidaConexion(o);
-    if (QGuiApplication::platformName() == "offscreen" || QGuiApplication::platformName() == "minimal")
+    if (QGuiApplication::platformName() == "offscreen" ||
+        QGuiApplication::platformName() == "minimal")
         std::fprintf(stderr, "consultas: aviso: sin pantalla (%s), la ventana no será visible\n",
                      qPrintable(QGuiApplication::platformName()));
     clsConsultaCompras clase;

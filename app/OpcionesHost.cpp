@@ -13,8 +13,9 @@ Ajuste LeeAjuste(const QString& texto) {
                                           QRegularExpression::DotMatchesEverythingOption);
     const auto m = forma.match(texto);
     if (!m.hasMatch())
-        throw ErrorUso(QString("ajuste no válido: '%1' (se espera CONTROL=VALOR o CONTROL[i]=VALOR)")
-                           .arg(texto));
+        throw ErrorUso(
+            QString("ajuste no válido: '%1' (se espera CONTROL=VALOR o CONTROL[i]=VALOR)")
+                .arg(texto));
     Ajuste a;
     a.control = m.captured(1);
     if (!m.captured(2).isEmpty())
@@ -119,8 +120,8 @@ std::int32_t TipoDePantalla(const QString& pantalla) {
 void ValidaConexion(const OpcionesHost& o) {
     const Motor motor = Conexion::MotorDeCadena(o.conexion);
     if (motor == Motor::Ninguno)
-        throw ErrorUso(QString("la cadena de conexión no tiene una forma conocida: '%1'")
-                           .arg(o.conexion));
+        throw ErrorUso(
+            QString("la cadena de conexión no tiene una forma conocida: '%1'").arg(o.conexion));
     if (motor == Motor::SQLite) {
         QString ruta = o.conexion.trimmed();
         if (ruta.startsWith("sqlite:", Qt::CaseInsensitive))
@@ -132,8 +133,8 @@ void ValidaConexion(const OpcionesHost& o) {
         throw ErrorUso(QString("no existe el directorio de datos '%1'").arg(o.ruta));
     const QFileInfo ini(o.ruta + "/VALMOR.INI");
     if (!ini.isFile() || !ini.isReadable())
-        throw ErrorUso(QString("no se puede leer el archivo de configuración '%1'")
-                           .arg(ini.filePath()));
+        throw ErrorUso(
+            QString("no se puede leer el archivo de configuración '%1'").arg(ini.filePath()));
 }
 
 } // namespace consultas::host

@@ -14,10 +14,10 @@ namespace consultas::host {
 // Exit codes of the host.
 enum CodigoSalida : int {
     SalidaBien = 0,
-    SalidaUso = 2,        // bad input on the command line
-    SalidaConexion = 3,   // the connection did not open
-    SalidaFallo = 4,      // a failure inside the run: statement, file
-    SalidaRechazo = 5,    // the screen refused the run with a message
+    SalidaUso = 2,      // bad input on the command line
+    SalidaConexion = 3, // the connection did not open
+    SalidaFallo = 4,    // a failure inside the run: statement, file
+    SalidaRechazo = 5,  // the screen refused the run with a message
 };
 
 // A bad command line: the message is one line naming what was wrong.

@@ -1,7 +1,8 @@
 // consultas: the command-line host of the inquiry library.
 //   consultas abrir     --conexion CS [--motor N --empresa N --ayuda F --ruta DIR] --pantalla P
-//   consultas ejecutar  (the same) --pantalla P [CONTROL=VALOR ...] [--pdf F --png D --emf D --jsonl F --xlsx D]
-//   consultas demo DIR [--escala N] [--semilla N] [--reemplazar] [--postgres CS]
+//   consultas ejecutar  (the same) --pantalla P [CONTROL=VALOR ...] [--pdf F --png D --emf D
+//   --jsonl F --xlsx D] consultas demo DIR [--escala N] [--semilla N] [--reemplazar] [--postgres
+//   CS]
 
 #include "OpcionesHost.h"
 #include "Subcomandos.h"
@@ -13,6 +14,8 @@
 #include <cstring>
 #include <functional>
 #include <map>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace consultas;
 using namespace consultas::host;
@@ -50,6 +53,13 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "consultas: no hay pantalla: defina DISPLAY o QT_QPA_PLATFORM\n");
         return SalidaUso;
     }
+    // Qt warns on every start when the session has no runtime folder (as
+    // under a service or a bare root shell); give it a private one.
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QByteArray dir = QByteArray("/tmp/consultas-runtime-") + QByteArray::number(getuid());
+        mkdir(dir.constData(), 0700);
+        qputenv("XDG_RUNTIME_DIR", dir);
+    }
     QApplication app(argc, argv);
     QStringList args = QApplication::arguments().mid(2);
 
@@ -59,8 +69,10 @@ int main(int argc, char** argv) {
     };
     const auto it = subcomandos.find(sub);
     if (it == subcomandos.end()) {
-        std::fprintf(stderr, "consultas: subcomando desconocido: '%s'\n", sub);
-        Uso();
+        std::fprintf(stderr,
+                     "consultas: subcomando desconocido: '%s' (abrir, ejecutar, demo; sin "
+                     "argumentos muestra el uso)\n",
+                     sub);
         return SalidaUso;
     }
     try {

@@ -290,7 +290,9 @@ Recordset::Recordset(std::unique_ptr<QSqlQuery> consulta, QString sql)
     LeeFilaConsulta();
 }
 
-Recordset::~Recordset() { Cierra(); }
+Recordset::~Recordset() {
+    Cierra();
+}
 
 void Recordset::LeeFilaConsulta() {
     // The row is copied out so that field reads do not go back to the driver.
@@ -424,9 +426,10 @@ void Recordset::Ordena(const QString& claves) {
             continue;
         const int i = Indice(palabras[0]);
         if (i < 0)
-            throw ErrorConsulta(QString("No se encontró el campo '%1' para ordenar.").arg(palabras[0]),
-                                sql_);
-        const bool desc = palabras.size() > 1 && palabras[1].compare("DESC", Qt::CaseInsensitive) == 0;
+            throw ErrorConsulta(
+                QString("No se encontró el campo '%1' para ordenar.").arg(palabras[0]), sql_);
+        const bool desc =
+            palabras.size() > 1 && palabras[1].compare("DESC", Qt::CaseInsensitive) == 0;
         lista.push_back({i, desc});
     }
     std::stable_sort(filas_.begin(), filas_.end(),
@@ -469,7 +472,9 @@ QString Dialecto::FechaSQL(const QDate& fecha, int manejador) {
     }
 }
 
-QString Dialecto::FuncionLong(int manejador) { return manejador <= 2 ? "LEN" : "LENGTH"; }
+QString Dialecto::FuncionLong(int manejador) {
+    return manejador <= 2 ? "LEN" : "LENGTH";
+}
 
 QString Dialecto::FechaMasDias(const QString& fecha, const QString& dias, int manejador,
                                Motor motor) {
@@ -530,10 +535,11 @@ QList<QPair<QString, QString>> ParesClave(const QString& cadena) {
 
 } // namespace
 
-Conexion::Conexion()
-    : nombre_(QString("consultas_%1").arg(contadorConexiones.fetch_add(1))) {}
+Conexion::Conexion() : nombre_(QString("consultas_%1").arg(contadorConexiones.fetch_add(1))) {}
 
-Conexion::~Conexion() { Cerrar(); }
+Conexion::~Conexion() {
+    Cerrar();
+}
 
 Motor Conexion::MotorDeCadena(const QString& cadena) {
     const QString c = cadena.trimmed();
@@ -651,7 +657,9 @@ bool Conexion::Abrir(const QString& cadena) {
 }
 
 void Conexion::Cerrar() {
-    if (motor_ == Motor::Ninguno && !QSqlDatabase::contains(nombre_))
+    // Touch Qt SQL's registry only when this object registered a connection:
+    // a connection that never opened may be destroyed after the registry is.
+    if (motor_ == Motor::Ninguno)
         return;
     {
         QSqlDatabase db = QSqlDatabase::database(nombre_, false);
@@ -736,7 +744,8 @@ bool Conexion::EsSoloLectura(const QString& sql) {
 
 RecordsetPtr Conexion::Abre(const QString& sql) {
     if (!EsSoloLectura(sql))
-        throw ErrorConsulta("Sólo se permiten consultas SELECT: la instrucción fue rechazada.", sql);
+        throw ErrorConsulta("Sólo se permiten consultas SELECT: la instrucción fue rechazada.",
+                            sql);
     if (!EstaAbierta())
         throw ErrorConsulta("La conexión a la base de datos no está abierta.", sql);
     QSqlDatabase db = QSqlDatabase::database(nombre_, false);

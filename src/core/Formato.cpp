@@ -8,7 +8,7 @@ namespace {
 struct Patron {
     bool miles = false;
     int minEnteros = 1;
-    int decimalesFijos = 0;    // '0' after the point
+    int decimalesFijos = 0;      // '0' after the point
     int decimalesOpcionales = 0; // '#' after the point
 };
 
@@ -122,8 +122,8 @@ QString Formato(qint64 valor, const QString& patron) {
 }
 
 QString NombreMes(int mes) {
-    static const char* const nombres[] = {"enero", "febrero", "marzo",      "abril",
-                                          "mayo",  "junio",   "julio",      "agosto",
+    static const char* const nombres[] = {"enero",      "febrero", "marzo",     "abril",
+                                          "mayo",       "junio",   "julio",     "agosto",
                                           "septiembre", "octubre", "noviembre", "diciembre"};
     return mes >= 1 && mes <= 12 ? QString::fromUtf8(nombres[mes - 1]) : QString();
 }
@@ -151,7 +151,8 @@ QString FormatoFecha(const QDate& fecha, const QString& patron) {
         const QChar l = c.toLower();
         if (l == 'd') {
             const int k = corre('d');
-            r += k >= 2 ? QString("%1").arg(fecha.day(), 2, 10, QChar('0')) : QString::number(fecha.day());
+            r += k >= 2 ? QString("%1").arg(fecha.day(), 2, 10, QChar('0'))
+                        : QString::number(fecha.day());
             i += k;
         } else if (l == 'y') {
             const int k = corre('y');

@@ -32,6 +32,8 @@ QString AbreviaturaMes(int mes);
 // The last n characters of a text, whole when shorter (folios and references
 // are printed by their tail).
 QString Ultimos(const QString& texto, int n);
-inline QString UltimosDiez(const QString& texto) { return Ultimos(texto, 10); }
+inline QString UltimosDiez(const QString& texto) {
+    return Ultimos(texto, 10);
+}
 
 } // namespace consultas

@@ -56,7 +56,8 @@ Moneda Moneda::DeTexto(const QString& texto, bool* ok) {
         const QString cola = frac.mid(4);
         const int primero = cola.at(0).digitValue();
         const bool restoCero = cola.mid(1).count('0') == cola.size() - 1;
-        if (primero > 5 || (primero == 5 && !restoCero) || (primero == 5 && restoCero && (d % 2) != 0))
+        if (primero > 5 || (primero == 5 && !restoCero) ||
+            (primero == 5 && restoCero && (d % 2) != 0))
             d += 1;
     }
     if (ok)

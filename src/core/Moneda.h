@@ -32,8 +32,12 @@ public:
     QString ATexto() const;
 
     constexpr Moneda operator-() const { return DeDiezmilesimos(-diezmilesimos_); }
-    constexpr Moneda operator+(Moneda o) const { return DeDiezmilesimos(diezmilesimos_ + o.diezmilesimos_); }
-    constexpr Moneda operator-(Moneda o) const { return DeDiezmilesimos(diezmilesimos_ - o.diezmilesimos_); }
+    constexpr Moneda operator+(Moneda o) const {
+        return DeDiezmilesimos(diezmilesimos_ + o.diezmilesimos_);
+    }
+    constexpr Moneda operator-(Moneda o) const {
+        return DeDiezmilesimos(diezmilesimos_ - o.diezmilesimos_);
+    }
     Moneda& operator+=(Moneda o) {
         diezmilesimos_ += o.diezmilesimos_;
         return *this;

@@ -7,8 +7,7 @@ clsConsultaCompras::~clsConsultaCompras() {
         modConCompras::CierraConexion();
 }
 
-void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva,
-                                         QString& ConexionBaseDatos,
+void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva, QString& ConexionBaseDatos,
                                          std::uint8_t& ManejadorBaseDatos,
                                          std::int16_t& NumeroDeEmpresa, QString& ArchivoDeAyuda,
                                          QString& RutaBaseDeDatos) {

@@ -26,9 +26,8 @@ extern "C" ConsultasInstancia* consultas_crea(void) {
 }
 
 extern "C" int consultas_mostrar_consulta(ConsultasInstancia* instancia, int32_t consulta_activa,
-                                          const char* conexion, uint8_t manejador,
-                                          int16_t empresa, const char* archivo_ayuda,
-                                          const char* ruta_base_datos) {
+                                          const char* conexion, uint8_t manejador, int16_t empresa,
+                                          const char* archivo_ayuda, const char* ruta_base_datos) {
     if (!instancia)
         return 0;
     AseguraAplicacion();
@@ -40,4 +39,6 @@ extern "C" int consultas_mostrar_consulta(ConsultasInstancia* instancia, int32_t
     return instancia->clase.ConexionAbierta() ? 1 : 0;
 }
 
-extern "C" void consultas_destruye(ConsultasInstancia* instancia) { delete instancia; }
+extern "C" void consultas_destruye(ConsultasInstancia* instancia) {
+    delete instancia;
+}

@@ -1,5 +1,6 @@
 #include "core/modConCompras.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QMap>
 #include <QTextStream>
@@ -16,8 +17,16 @@ QString RutaBaseDeDatos;
 QString DirectorioConsultas;
 
 bool ConectaBase(const QString& cadena) {
-    if (!ConexionCompartida)
+    if (!ConexionCompartida) {
         ConexionCompartida = std::make_unique<Conexion>();
+        // A host that never destroys its instance still gets the connection
+        // closed while Qt is alive, not during the process's static teardown.
+        static bool rutinaRegistrada = false;
+        if (!rutinaRegistrada && QCoreApplication::instance()) {
+            rutinaRegistrada = true;
+            qAddPostRoutine([] { ConexionCompartida.reset(); });
+        }
+    }
     return AbreConexion(*ConexionCompartida, cadena);
 }
 
@@ -38,7 +47,9 @@ void CierraConexion() {
     ConexionCompartida.reset();
 }
 
-QString ArchivoIni() { return RutaBaseDeDatos + "/VALMOR.INI"; }
+QString ArchivoIni() {
+    return RutaBaseDeDatos + "/VALMOR.INI";
+}
 
 QString LeeIniDe(const QString& archivo, const QString& seccion, const QString& clave) {
     QString valor = "(error)";
@@ -103,7 +114,9 @@ QString FechaSQL(const QDate& fecha) {
     return Dialecto::FechaSQL(fecha, static_cast<std::uint16_t>(ManejadorBaseDatos));
 }
 
-QString FuncionLong() { return Dialecto::FuncionLong(ManejadorBaseDatos); }
+QString FuncionLong() {
+    return Dialecto::FuncionLong(ManejadorBaseDatos);
+}
 
 QString FechaMasDias(const QString& fecha, const QString& dias) {
     const Motor motor = ConexionCompartida ? ConexionCompartida->MotorActual() : Motor::Ninguno;
@@ -118,7 +131,9 @@ QString TokenCorrida(const QTime& hora) {
         .arg(NumeroDeEmpresa);
 }
 
-QString TokenCorrida() { return TokenCorrida(QTime::currentTime()); }
+QString TokenCorrida() {
+    return TokenCorrida(QTime::currentTime());
+}
 
 namespace {
 QMap<std::int32_t, AbridorPantalla>& Abridores() {

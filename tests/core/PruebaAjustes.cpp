@@ -48,16 +48,17 @@ TEST(LeeIni, ArchivoFaltanteDaError) {
 
 TEST(Literales, FechaSQLPorMotor) {
     const QDate d(2024, 3, 5);
-    const std::pair<int, const char*> casos[] = {
-        {2, "#2024/03/05#"}, {3, "'20240305'"}, {0, "'2024-03-05'"},
-        {1, "'2024-03-05'"}, {4, "'2024-03-05'"}, {255, "'2024-03-05'"}};
+    const std::pair<int, const char*> casos[] = {{2, "#2024/03/05#"}, {3, "'20240305'"},
+                                                 {0, "'2024-03-05'"}, {1, "'2024-03-05'"},
+                                                 {4, "'2024-03-05'"}, {255, "'2024-03-05'"}};
     for (auto [motor, esperado] : casos) {
         m::ManejadorBaseDatos = static_cast<std::int16_t>(motor);
         EXPECT_EQ(m::FechaSQL(d), esperado) << motor;
     }
     EXPECT_EQ(Dialecto::FuncionLong(2), "LEN");
     EXPECT_EQ(Dialecto::FuncionLong(4), "LENGTH");
-    EXPECT_EQ(Dialecto::FechaMasDias("FEC_DOC", "PLA_PAG", 4, Motor::PostgreSQL), "(FEC_DOC+PLA_PAG)");
+    EXPECT_EQ(Dialecto::FechaMasDias("FEC_DOC", "PLA_PAG", 4, Motor::PostgreSQL),
+              "(FEC_DOC+PLA_PAG)");
     EXPECT_EQ(Dialecto::FechaMasDias("FEC_DOC", "PLA_PAG", 3, Motor::ODBC),
               "(CAST(FEC_DOC AS DATETIME)+PLA_PAG)");
     EXPECT_EQ(Dialecto::FechaMasDias("FEC_DOC", "PLA_PAG", 4, Motor::SQLite),

@@ -175,7 +175,8 @@ TEST(Conexion, PostgresPorUrlYPorOdbc) {
             .arg(host, puerto, dbname, usuario);
     for (const QString& cadena : {url, odbc}) {
         Conexion c;
-        ASSERT_TRUE(c.Abrir(cadena)) << cadena.toStdString() << ": " << c.UltimoError().toStdString();
+        ASSERT_TRUE(c.Abrir(cadena))
+            << cadena.toStdString() << ": " << c.UltimoError().toStdString();
         auto rs = c.Abre("SELECT cod_mon, des_mon FROM tblMoneda ORDER BY COD_MON DESC");
         EXPECT_EQ(rs->Campo("DES_MON").Texto(), "DÓLARES") << cadena.toStdString();
         EXPECT_THROW(c.Abre("DELETE FROM tblMoneda"), ErrorConsulta);

@@ -35,8 +35,7 @@ namespace {
 void EjecutaEn(const QString& conexion, const QString& sql) {
     QSqlQuery q(QSqlDatabase::database(conexion));
     if (!q.exec(sql))
-        throw std::runtime_error(
-            QString("%1\n%2").arg(q.lastError().text(), sql).toStdString());
+        throw std::runtime_error(QString("%1\n%2").arg(q.lastError().text(), sql).toStdString());
 }
 
 class Sqlite : public BaseDePrueba {
@@ -124,9 +123,13 @@ private:
 
 } // namespace
 
-std::unique_ptr<BaseDePrueba> NuevaSqlite() { return std::make_unique<Sqlite>(); }
+std::unique_ptr<BaseDePrueba> NuevaSqlite() {
+    return std::make_unique<Sqlite>();
+}
 
-bool HayPostgres() { return !qEnvironmentVariableIsEmpty("CONSULTAS_PG_ADMIN"); }
+bool HayPostgres() {
+    return !qEnvironmentVariableIsEmpty("CONSULTAS_PG_ADMIN");
+}
 
 std::unique_ptr<BaseDePrueba> NuevaPostgres() {
     if (!HayPostgres())
