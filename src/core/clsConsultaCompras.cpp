@@ -7,10 +7,11 @@ clsConsultaCompras::~clsConsultaCompras() {
         modConCompras::CierraConexion();
 }
 
-void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva, QString& ConexionBaseDatos,
-                                         std::uint8_t& ManejadorBaseDatos,
-                                         std::int16_t& NumeroDeEmpresa, QString& ArchivoDeAyuda,
-                                         QString& RutaBaseDeDatos) {
+bool clsConsultaCompras::PreparaConsulta(const QString& ConexionBaseDatos,
+                                         std::uint8_t ManejadorBaseDatos,
+                                         std::int16_t NumeroDeEmpresa,
+                                         const QString& ArchivoDeAyuda,
+                                         const QString& RutaBaseDeDatos) {
     namespace m = modConCompras;
     m::NumeroDeEmpresa = NumeroDeEmpresa;
     m::ArchivoDeAyuda = ArchivoDeAyuda;
@@ -23,11 +24,19 @@ void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva, QString
     // The byte is widened without sign: 255 stays 255.
     m::ManejadorBaseDatos = static_cast<std::int16_t>(ManejadorBaseDatos);
     m::ConexionBaseDatos = ConexionBaseDatos;
-
     conexionAbierta_ = m::ConectaBase(ConexionBaseDatos);
-    if (!conexionAbierta_)
+    return conexionAbierta_;
+}
+
+void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva,
+                                         QString& ConexionBaseDatos,
+                                         std::uint8_t& ManejadorBaseDatos,
+                                         std::int16_t& NumeroDeEmpresa, QString& ArchivoDeAyuda,
+                                         QString& RutaBaseDeDatos) {
+    if (!PreparaConsulta(ConexionBaseDatos, ManejadorBaseDatos, NumeroDeEmpresa, ArchivoDeAyuda,
+                         RutaBaseDeDatos))
         return;
-    m::AbrePantalla(static_cast<std::int32_t>(ConsultaActiva));
+    modConCompras::AbrePantalla(static_cast<std::int32_t>(ConsultaActiva));
 }
 
 } // namespace consultas

@@ -28,6 +28,13 @@ public:
 
     bool ConexionAbierta() const { return conexionAbierta_; }
 
+    // The call's first part, for the batch host that drives the screen
+    // itself: stores the values, reads the work folder and opens the shared
+    // connection. Returns ConexionAbierta.
+    bool PreparaConsulta(const QString& ConexionBaseDatos, std::uint8_t ManejadorBaseDatos,
+                         std::int16_t NumeroDeEmpresa, const QString& ArchivoDeAyuda,
+                         const QString& RutaBaseDeDatos);
+
 private:
     bool conexionAbierta_ = false;
 };

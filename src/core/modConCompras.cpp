@@ -1,6 +1,7 @@
 #include "core/modConCompras.h"
 
 #include <QCoreApplication>
+#include <QDialog>
 #include <QFile>
 #include <QMap>
 #include <QTextStream>
@@ -136,21 +137,29 @@ QString TokenCorrida() {
 }
 
 namespace {
-QMap<std::int32_t, AbridorPantalla>& Abridores() {
-    static QMap<std::int32_t, AbridorPantalla> mapa;
+QMap<std::int32_t, FabricaPantalla>& Fabricas() {
+    static QMap<std::int32_t, FabricaPantalla> mapa;
     return mapa;
 }
 } // namespace
 
-void RegistraPantalla(TipoDeConsulta tipo, AbridorPantalla abridor) {
-    Abridores()[tipo] = std::move(abridor);
+void RegistraPantalla(std::int32_t tipo, FabricaPantalla fabrica) {
+    Fabricas()[tipo] = std::move(fabrica);
+}
+
+std::unique_ptr<QDialog> CreaPantalla(std::int32_t tipo) {
+    const auto it = Fabricas().constFind(tipo);
+    if (it == Fabricas().constEnd() || !it.value())
+        return nullptr;
+    return it.value()();
 }
 
 bool AbrePantalla(std::int32_t tipo) {
-    const auto it = Abridores().constFind(tipo);
-    if (it == Abridores().constEnd() || !it.value())
+    std::unique_ptr<QDialog> pantalla = CreaPantalla(tipo);
+    if (!pantalla)
         return false;
-    it.value()();
+    // Modal and with no owner: the host's window is not ours to know.
+    pantalla->exec();
     return true;
 }
 

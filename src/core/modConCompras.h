@@ -12,6 +12,8 @@
 #include <functional>
 #include <memory>
 
+class QDialog;
+
 namespace consultas {
 
 // Which inquiry screen the host asks for.
@@ -64,10 +66,14 @@ QString FechaMasDias(const QString& fecha = "FEC_DOC", const QString& dias = "PL
 QString TokenCorrida();
 QString TokenCorrida(const QTime& hora);
 
-// Opens the screen of an inquiry. Each screen registers its opener when the
-// library loads; a kind with no opener is reached and returns.
-using AbridorPantalla = std::function<void()>;
-void RegistraPantalla(TipoDeConsulta tipo, AbridorPantalla abridor);
+// The screens of the inquiries. Each screen registers its maker when the
+// library loads; the host's call makes it and shows it modally, the batch host
+// makes it and drives it. A kind with no screen is reached and returns.
+using FabricaPantalla = std::function<std::unique_ptr<QDialog>()>;
+void RegistraPantalla(std::int32_t tipo, FabricaPantalla fabrica);
+// A new screen of the kind, or null when there is none.
+std::unique_ptr<QDialog> CreaPantalla(std::int32_t tipo);
+// Makes the screen and shows it modally; false when the kind has none.
 bool AbrePantalla(std::int32_t tipo);
 
 } // namespace modConCompras

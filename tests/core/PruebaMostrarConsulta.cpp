@@ -2,6 +2,7 @@
 #include "core/clsConsultaCompras.h"
 #include "soporte/Soporte.h"
 
+#include <QDialog>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -17,15 +18,23 @@ struct Llamada {
     QString valor;
 };
 
-// Registers a stand-in screen for a kind that reads one value through the
-// shared connection, so the test sees which database the call opened.
-void RegistraFalsa(TipoDeConsulta tipo, Llamada& llamada) {
-    m::RegistraPantalla(tipo, [&llamada]() {
+// A stand-in screen that, when shown, reads one value through the shared
+// connection, so the test sees which database the call opened.
+class PantallaFalsa : public QDialog {
+public:
+    explicit PantallaFalsa(Llamada& l) : llamada(l) {}
+    int exec() override {
         ++llamada.veces;
         llamada.abierta = m::ConexionCompartida && m::ConexionCompartida->EstaAbierta();
         auto rs = m::ConexionCompartida->Abre("SELECT NOMBRE FROM tblCual");
         llamada.valor = rs->Campo("NOMBRE").Texto();
-    });
+        return 0;
+    }
+    Llamada& llamada;
+};
+
+void RegistraFalsa(TipoDeConsulta tipo, Llamada& llamada) {
+    m::RegistraPantalla(tipo, [&llamada]() { return std::make_unique<PantallaFalsa>(llamada); });
 }
 
 class MostrarConsulta : public ::testing::Test {
