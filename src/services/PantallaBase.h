@@ -3,6 +3,8 @@
 // catching of failures at the top of an event, and the batch host's way of
 // setting a control as a user would.
 
+#include "services/ServiciosQt.h"
+
 #include <QColor>
 #include <QDialog>
 #include <QString>
@@ -15,12 +17,9 @@ class QWidget;
 
 namespace consultas {
 
-// Colours of the screens: panels, options and check boxes; buttons.
-inline const QColor ColorPanel(210, 230, 245);
-inline const QColor ColorBoton(245, 255, 255);
-
-// Paints the background of a widget (and, through the palette, of the
-// children that inherit it).
+// Paints the background of one widget, such as a frame in ColorPanel() or a
+// button in ColorBoton() (and, through the palette, of the children that
+// inherit it).
 void PintaFondo(QWidget* w, const QColor& color);
 
 // A setting the batch host could not apply: unknown, disabled or hidden
