@@ -25,7 +25,9 @@ const char* const kFecha = "dd/mm/yyyy";
 // Excel keeps at most this many characters in a cell.
 constexpr int kMaxTextoCelda = 32767;
 
-bool EsNumerico(TipoCampo t) { return t == TipoCampo::Moneda || t == TipoCampo::Doble; }
+bool EsNumerico(TipoCampo t) {
+    return t == TipoCampo::Moneda || t == TipoCampo::Doble;
+}
 
 // True when the value shows more than two decimals once kept to four, as
 // currency is.
