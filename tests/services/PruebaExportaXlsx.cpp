@@ -262,3 +262,24 @@ TEST_F(ExportaXlsx, DiezMilFilasConAcentosEnMenosDeUnSegundo) {
     EXPECT_EQ(h("F10001")->valor, "Artículo de papelería año ñandú Ü");
     EXPECT_DOUBLE_EQ(h("B10001")->valor.toDouble(), 12498.75);
 }
+
+// A statement's own recordset carries the engine's types: dates stay dates,
+// a registration stamp keeps its time of day.
+TEST_F(ExportaXlsx, RecordsetDeUnaConsultaEnPostgres) {
+    REQUIERE_POSTGRES();
+    auto base = pruebas::NuevaPostgres();
+    Conexion cn;
+    ASSERT_TRUE(cn.Abrir(base->Cadena())) << cn.UltimoError().toStdString();
+    auto rs = cn.Abre("SELECT 'Año' AS TEXTO, CAST(1.5 AS DOUBLE PRECISION) AS DOBLE, "
+                      "DATE '2024-03-05' AS FECHA, TIMESTAMP '2024-03-05 12:00:00' AS FEC_REG, "
+                      "7 AS ENTERO");
+    EXPECT_EQ(Exporta(*rs, "consulta"), 1);
+    const Hoja h = LeeXlsx(Archivo("consulta"));
+    EXPECT_EQ(h("A2")->valor, "Año");
+    EXPECT_EQ(h.Formato("B2"), "#,##0.00");
+    EXPECT_EQ(h("C2")->valor, "45356");
+    EXPECT_EQ(h.Formato("C2"), "dd/mm/yyyy");
+    EXPECT_DOUBLE_EQ(h("D2")->valor.toDouble(), 45356.5);
+    EXPECT_EQ(h.Formato("D2"), "dd/mm/yyyy hh:mm:ss");
+    EXPECT_EQ(h("E2")->valor, "7");
+}
