@@ -136,6 +136,7 @@ frmBusqueda::frmBusqueda(const ListaBusqueda& lista, const QString& filtro, cons
     grdResultados_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grdResultados_->verticalHeader()->hide();
     grdResultados_->horizontalHeader()->setStretchLastSection(true);
+    grdResultados_->horizontalHeader()->setMinimumSectionSize(80);
     grdResultados_->setAlternatingRowColors(true);
     grdResultados_->resizeColumnsToContents();
 
