@@ -21,11 +21,14 @@ namespace {
 const char* const kDosDecimales = "#,##0.00";
 const char* const kCuatroDecimales = "#,##0.0000";
 const char* const kFecha = "dd/mm/yyyy";
+const char* const kFechaHora = "dd/mm/yyyy hh:mm:ss";
 
 // Excel keeps at most this many characters in a cell.
 constexpr int kMaxTextoCelda = 32767;
 
-bool EsNumerico(TipoCampo t) { return t == TipoCampo::Moneda || t == TipoCampo::Doble; }
+bool EsNumerico(TipoCampo t) {
+    return t == TipoCampo::Moneda || t == TipoCampo::Doble;
+}
 
 // True when the value shows more than two decimals once kept to four, as
 // currency is.
@@ -133,6 +136,8 @@ int EscribeXlsx(Recordset& rs, const QString& archivo, const clsExportaExcel& op
     format_set_num_format(cuatroDec, kCuatroDecimales);
     lxw_format* fecha = workbook_add_format(libro.get());
     format_set_num_format(fecha, kFecha);
+    lxw_format* fechaHora = workbook_add_format(libro.get());
+    format_set_num_format(fechaHora, kFechaHora);
 
     // Widths in characters, started by the header and widened by the values
     // as they are printed.
@@ -172,12 +177,18 @@ int EscribeXlsx(Recordset& rs, const QString& archivo, const clsExportaExcel& op
                     break;
                 }
                 case TipoCampo::Fecha: {
-                    const QDate f = v.Fecha();
+                    // A time of day is kept when there is one (registration
+                    // stamps); plain dates show as dates.
+                    const QDateTime f = v.FechaHora();
                     if (!f.isValid())
                         continue;
-                    lxw_datetime dt{f.year(), f.month(), f.day(), 0, 0, 0.0};
-                    e = worksheet_write_datetime(ws, fila, col, &dt, fecha);
-                    largo = 10;
+                    const QTime h = f.time();
+                    lxw_datetime dt{f.date().year(), f.date().month(),
+                                    f.date().day(),  h.hour(),
+                                    h.minute(),      h.second() + h.msec() / 1000.0};
+                    const bool conHora = h != QTime(0, 0);
+                    e = worksheet_write_datetime(ws, fila, col, &dt, conHora ? fechaHora : fecha);
+                    largo = conHora ? 19 : 10;
                     break;
                 }
                 case TipoCampo::Texto: {

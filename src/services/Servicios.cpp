@@ -47,11 +47,21 @@ template <class T> std::unique_ptr<T> Crea(std::function<std::unique_ptr<T>()> F
 
 } // namespace
 
-std::unique_ptr<clsMensajes> CreaMensajes() { return Crea(&Fabricas::mensajes); }
-std::unique_ptr<clsBusqueda> CreaBusqueda() { return Crea(&Fabricas::busqueda); }
-std::unique_ptr<clsBuscaDocumento> CreaBuscaDocumento() { return Crea(&Fabricas::buscaDocumento); }
-std::unique_ptr<clsBuscaArticulo> CreaBuscaArticulo() { return Crea(&Fabricas::buscaArticulo); }
-std::unique_ptr<clsExportaExcel> CreaExportaExcel() { return Crea(&Fabricas::exportaExcel); }
+std::unique_ptr<clsMensajes> CreaMensajes() {
+    return Crea(&Fabricas::mensajes);
+}
+std::unique_ptr<clsBusqueda> CreaBusqueda() {
+    return Crea(&Fabricas::busqueda);
+}
+std::unique_ptr<clsBuscaDocumento> CreaBuscaDocumento() {
+    return Crea(&Fabricas::buscaDocumento);
+}
+std::unique_ptr<clsBuscaArticulo> CreaBuscaArticulo() {
+    return Crea(&Fabricas::buscaArticulo);
+}
+std::unique_ptr<clsExportaExcel> CreaExportaExcel() {
+    return Crea(&Fabricas::exportaExcel);
+}
 
 Fabricas Instala(Fabricas nuevas) {
     QMutexLocker l(&candado);
@@ -70,7 +80,9 @@ Fabricas Instala(Fabricas nuevas) {
     return anteriores;
 }
 
-Fabricas FabricasQt() { return FabricasQtInternas(); }
+Fabricas FabricasQt() {
+    return FabricasQtInternas();
+}
 
 void FijaCarpetaExcel(const QString& carpeta) {
     QMutexLocker l(&candado);
@@ -112,7 +124,7 @@ using GuionPtr = std::shared_ptr<GuionServicios>;
 
 void Eco(const GuionServicios& g, const QString& texto) {
     if (g.ecoEnStderr)
-        std::fprintf(stderr, "%s\n", texto.toLocal8Bit().constData());
+        std::fprintf(stderr, "%s\n", texto.toUtf8().constData());
 }
 
 class MensajesGuionados : public clsMensajes {
@@ -199,8 +211,8 @@ public:
     void Mostrar(const QString&, std::uint8_t, const QString&, int modo, const QString&,
                  const QString&, bool verColumnaExtra) override {
         r_ = SiguienteResultado(*g_);
-        g_->llamadas.push_back({"clsBuscaArticulo", "Mostrar", modo,
-                                verColumnaExtra ? "VER_COLEX" : QString(), r_});
+        g_->llamadas.push_back(
+            {"clsBuscaArticulo", "Mostrar", modo, verColumnaExtra ? "VER_COLEX" : QString(), r_});
     }
     QString Resultado() const override { return r_; }
 

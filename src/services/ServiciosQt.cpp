@@ -82,8 +82,12 @@ private:
     QStringList palabras_;
 };
 
-QColor ColorPanel() { return QColor(210, 230, 245); }
-QColor ColorBoton() { return QColor(245, 255, 255); }
+QColor ColorPanel() {
+    return QColor(210, 230, 245);
+}
+QColor ColorBoton() {
+    return QColor(245, 255, 255);
+}
 
 void AplicaColores(QWidget* w) {
     QPalette p = w->palette();
@@ -132,6 +136,7 @@ frmBusqueda::frmBusqueda(const ListaBusqueda& lista, const QString& filtro, cons
     grdResultados_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grdResultados_->verticalHeader()->hide();
     grdResultados_->horizontalHeader()->setStretchLastSection(true);
+    grdResultados_->horizontalHeader()->setMinimumSectionSize(80);
     grdResultados_->setAlternatingRowColors(true);
     grdResultados_->resizeColumnsToContents();
 
@@ -170,12 +175,15 @@ frmBusqueda::frmBusqueda(const ListaBusqueda& lista, const QString& filtro, cons
     txtFiltro_->setFocus();
 }
 
-int frmBusqueda::FilasVisibles() const { return filtro_->rowCount(); }
+int frmBusqueda::FilasVisibles() const {
+    return filtro_->rowCount();
+}
 
 void frmBusqueda::Filtra(const QString& texto) {
     filtro_->FijaPalabras(texto);
     const int n = filtro_->rowCount();
-    lblCuenta_->setText(n == 1 ? QStringLiteral("1 registro") : QStringLiteral("%1 registros").arg(n));
+    lblCuenta_->setText(n == 1 ? QStringLiteral("1 registro")
+                               : QStringLiteral("%1 registros").arg(n));
     if (n > 0)
         grdResultados_->setCurrentIndex(filtro_->index(0, 0));
 }
@@ -203,8 +211,7 @@ void frmBusqueda::keyPressEvent(QKeyEvent* e) {
 bool frmBusqueda::eventFilter(QObject* o, QEvent* e) {
     if (o == txtFiltro_ && e->type() == QEvent::KeyPress) {
         const int k = static_cast<QKeyEvent*>(e)->key();
-        if (k == Qt::Key_Up || k == Qt::Key_Down || k == Qt::Key_PageUp ||
-            k == Qt::Key_PageDown) {
+        if (k == Qt::Key_Up || k == Qt::Key_Down || k == Qt::Key_PageUp || k == Qt::Key_PageDown) {
             QApplication::sendEvent(grdResultados_, e);
             return true;
         }
@@ -254,8 +261,7 @@ QString MensajesQt::PideTexto(int, int, const QString& indicacion, int, int, int
 }
 
 void MensajesQt::MuestraError(qint64 numero, const QString& descripcion, int) {
-    Caja(QMessageBox::Critical, QStringLiteral("Error %1\n%2").arg(numero).arg(descripcion),
-         false);
+    Caja(QMessageBox::Critical, QStringLiteral("Error %1\n%2").arg(numero).arg(descripcion), false);
 }
 
 // ---------------------------------------------------------------- pickers
