@@ -1063,7 +1063,14 @@ private:
             else
                 nombre = QString::fromUtf8(az.De(kNombres1)) + " " + QString::fromUtf8(az.De(kNombres2)) +
                          QString::fromUtf8(az.De(kSociedades));
-            const Dz lim = k == 10 ? Pesos(50000) : p.acreedor ? Pesos(100000) : Pesos(az.Entre(1, 40) * 25000.0);
+            // Credit limits above the balance, but for the overdrawn supplier
+            // and one in twenty others.
+            Dz lim = p.acreedor ? Pesos(100000) : Pesos(az.Entre(1, 40) * 25000.0);
+            const Dz holgado = Redondea(static_cast<__int128>(p.saldo) * 13, 10 * Pesos(25000)) * Pesos(25000);
+            if (k == 10)
+                lim = Pesos(50000);
+            else if (!(k > 10 && az.Prob(0.05)) && lim < holgado)
+                lim = holgado + Pesos(25000);
             static const int des[] = {0, 0, 0, 250, 500, 750, 1000};
             const int d1 = des[az.Entre(0, 6)];
             const int d2 = d1 > 0 && az.Prob(0.3) ? 200 : 0;
