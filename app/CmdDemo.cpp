@@ -61,14 +61,16 @@ OpcionesCmdDemo LeeOpcionesDemo(const QStringList& args) {
         }
     }
     if (o.carpeta.isEmpty())
-        throw ErrorUso("falta la carpeta: consultas demo DIR [--escala N] [--semilla N] [--reemplazar] "
-                       "[--postgres CADENA]");
+        throw ErrorUso(
+            "falta la carpeta: consultas demo DIR [--escala N] [--semilla N] [--reemplazar] "
+            "[--postgres CADENA]");
     return o;
 }
 
 void Imprime(const demo::ResumenDemo& r, const char* motor) {
-    std::printf("%s: %lld filas en %d tablas, %.1f s\n", motor, static_cast<long long>(r.TotalFilas()),
-                static_cast<int>(r.filas.size()), r.segundos);
+    std::printf("%s: %lld filas en %d tablas, %.1f s\n", motor,
+                static_cast<long long>(r.TotalFilas()), static_cast<int>(r.filas.size()),
+                r.segundos);
     for (const auto& [tabla, n] : r.filas)
         std::printf("  %-24s %lld\n", qPrintable(tabla), static_cast<long long>(n));
 }
@@ -89,11 +91,13 @@ public:
         try {
             QSqlDatabase db = demo::AbrePostgresEscritura(o.postgres, nombre_);
             QSqlQuery q(db);
-            q.exec("SELECT COUNT(*) FROM information_schema.tables WHERE table_schema=current_schema()");
+            q.exec("SELECT COUNT(*) FROM information_schema.tables WHERE "
+                   "table_schema=current_schema()");
             const int tablas = q.next() ? q.value(0).toInt() : 0;
             if (tablas > 0 && !o.reemplazar) {
                 std::fprintf(stderr,
-                             "consultas: la base PostgreSQL no está vacía (%d tablas); use --reemplazar para "
+                             "consultas: la base PostgreSQL no está vacía (%d tablas); use "
+                             "--reemplazar para "
                              "rehacer las tablas de la demostración\n",
                              tablas);
                 return SalidaUso;
@@ -123,8 +127,9 @@ private:
 
 bool CarpetaOcupada(const QString& carpeta) {
     const QFileInfo info(carpeta);
-    return info.exists() && (!info.isDir() || !QDir(carpeta).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot |
-                                                                      QDir::Hidden | QDir::System));
+    return info.exists() &&
+           (!info.isDir() || !QDir(carpeta).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot |
+                                                    QDir::Hidden | QDir::System));
 }
 
 } // namespace
@@ -139,7 +144,8 @@ int CmdDemo(const QStringList& args) {
     }
     if (!o.reemplazar && CarpetaOcupada(o.carpeta)) {
         std::fprintf(stderr,
-                     "consultas: la carpeta «%s» no está vacía; use --reemplazar para rehacer la suite en ella\n",
+                     "consultas: la carpeta «%s» no está vacía; use --reemplazar para rehacer la "
+                     "suite en ella\n",
                      qPrintable(o.carpeta));
         return SalidaUso;
     }
@@ -158,7 +164,8 @@ int CmdDemo(const QStringList& args) {
     } catch (const demo::ErrorDemo& e) {
         std::fprintf(stderr, "consultas: %s\n", qPrintable(e.mensaje.simplified()));
         // A folder that cannot be used is bad input; a failure while writing is not.
-        const bool uso = e.mensaje.contains("no está vacía") || e.mensaje.contains("no es una carpeta") ||
+        const bool uso = e.mensaje.contains("no está vacía") ||
+                         e.mensaje.contains("no es una carpeta") ||
                          e.mensaje.contains("Falta la carpeta");
         return uso ? SalidaUso : SalidaFallo;
     }

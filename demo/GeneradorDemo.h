@@ -21,8 +21,8 @@
 namespace consultas::demo {
 
 struct OpcionesDemo {
-    int escala = 1;              // 1 builds in about a second; 200 gives over a million receipt lines
-    quint64 semilla = 20261123;  // same seed and scale, same data
+    int escala = 1; // 1 builds in about a second; 200 gives over a million receipt lines
+    quint64 semilla = 20261123; // same seed and scale, same data
 };
 
 // A failure while building: the engine's or the system's message.
@@ -77,24 +77,24 @@ inline constexpr int AnoInicial = 2025, AnoFinal = 2026;
 inline constexpr const char* FechaInicial = "2025-01-01";
 inline constexpr const char* FechaFinal = "2026-11-30"; // also the "today" of balances
 // Regional settings of VALMOR.INI, codes that exist in the catalogues.
-inline constexpr const char* Ciudad = "GDL", * Estado = "JAL", * Pais = "MEX";
+inline constexpr const char *Ciudad = "GDL", *Estado = "JAL", *Pais = "MEX";
 // Suppliers.
-inline constexpr const char* ProvNacional = "P0001";      // in two agrupaciones (1 and 2)
-inline constexpr const char* ProvImportadorUsa = "P0003"; // USA, dollars, IMPORTACION=1
-inline constexpr const char* ProvImportadorChina = "P0004";// China, dollars, IMPORTACION=1
-inline constexpr const char* ProvAcreedor = "P0005";      // ES_ACREED=1, monthly rent charges only
-inline constexpr const char* ProvAcreedor2 = "P0006";     // ES_ACREED=1, services
-inline constexpr const char* ProvSinMovimientos = "P0007";// no document and no movement at all
-inline constexpr const char* ProvSuspendido = "P0008";    // COD_STS 2
-inline constexpr const char* ProvBaja = "P0009";          // COD_STS 3, no movements
-inline constexpr const char* ProvSobregiro = "P0010";     // SAL_PROV above LIM_CRE
+inline constexpr const char* ProvNacional = "P0001";        // in two agrupaciones (1 and 2)
+inline constexpr const char* ProvImportadorUsa = "P0003";   // USA, dollars, IMPORTACION=1
+inline constexpr const char* ProvImportadorChina = "P0004"; // China, dollars, IMPORTACION=1
+inline constexpr const char* ProvAcreedor = "P0005";       // ES_ACREED=1, monthly rent charges only
+inline constexpr const char* ProvAcreedor2 = "P0006";      // ES_ACREED=1, services
+inline constexpr const char* ProvSinMovimientos = "P0007"; // no document and no movement at all
+inline constexpr const char* ProvSuspendido = "P0008";     // COD_STS 2
+inline constexpr const char* ProvBaja = "P0009";           // COD_STS 3, no movements
+inline constexpr const char* ProvSobregiro = "P0010";      // SAL_PROV above LIM_CRE
 // Documents.
-inline constexpr const char* RecepcionCancelada = "RC0000006";  // COD_ESTATUS 2
-inline constexpr const char* Remision = "RC0000009";            // COD_ESTATUS 7
-inline constexpr const char* RecepcionDolares = "RC0000004";    // P0003, COD_MON 2, TIP_CAM<>1
-inline constexpr const char* OrdenCancelada = "OC0000003";      // COD_ESTATUS 5
-inline constexpr const char* RequisicionCancelada = "RQ0000002";// COD_ESTATUS 2
-inline constexpr const char* DevolucionCancelada = "DV0000002"; // COD_ESTATUS 2
+inline constexpr const char* RecepcionCancelada = "RC0000006";   // COD_ESTATUS 2
+inline constexpr const char* Remision = "RC0000009";             // COD_ESTATUS 7
+inline constexpr const char* RecepcionDolares = "RC0000004";     // P0003, COD_MON 2, TIP_CAM<>1
+inline constexpr const char* OrdenCancelada = "OC0000003";       // COD_ESTATUS 5
+inline constexpr const char* RequisicionCancelada = "RQ0000002"; // COD_ESTATUS 2
+inline constexpr const char* DevolucionCancelada = "DV0000002";  // COD_ESTATUS 2
 // Budget: cost centres 1..5, concepts 1..14 (concept 5 in centre 3);
 // concept 13 has no budget for 2026, concept 14 an annual amount of 0 in 2026;
 // concept 2 overdraws (negative DISPONIBLE) in some months.
