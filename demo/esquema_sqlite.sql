@@ -1,6 +1,5 @@
--- Schema of the suite's database for SQLite: the tables and columns that the
--- statements of the spec's Parts name (44 tables, 321 columns), mapped in
--- shared/schema-inventory.md. Loaded by the demo generator (demo/GeneradorDemo.h).
+-- Schema of the suite's database for SQLite: every table and column the
+-- inquiries read (44 tables, 321 columns). Loaded by the demo generator (demo/GeneradorDemo.h).
 --
 -- Choices that reports depend on:
 --  * Codes compared in quotes are text (VARCHAR); codes spliced unquoted are
@@ -14,8 +13,8 @@
 --    '2026-01-31' literals of FechaSQL compares correctly. tblBitacora.FEC_REG
 --    is 'YYYY-MM-DD HH:MM:SS' (CHECKed): a time on the last day of a BETWEEN
 --    range falls outside. Date plus days is date(FEC_DOC,'+'||PLA_PAG||' days')
---    (Dialecto::FechaMasDias); the spec's (FEC_DOC+PLA_PAG) is wrong here.
---  * Primary keys as the inventory gives them; tblComprasEnc.FOL_DOC must be
+--    (Dialecto::FechaMasDias); plain (FEC_DOC+PLA_PAG) is wrong here.
+--  * Primary keys on catalogues and headers; tblComprasEnc.FOL_DOC must be
 --    the key (Diario de Compras groups by it and selects COD_USU).
 --  * Line tables have no key; their indexes come after the '-- @indices'
 --    mark, and the generator creates them after loading the data.
@@ -31,7 +30,7 @@ CREATE TABLE tblParametrosGenerales (
     CP_PREVIO SMALLINT
 );
 
--- Letterhead (Part 1.3), read by SELECT *. COD_CD/COD_EDO are compared quoted
+-- Letterhead of the reports, read by SELECT *. COD_CD/COD_EDO are compared quoted
 -- with tblCiudad/tblEstado codes, so they are text.
 CREATE TABLE tblEmpresa (
     COD_EMPRESA INTEGER NOT NULL,
@@ -61,8 +60,8 @@ CREATE TABLE tblCiudad (
     PRIMARY KEY (COD_CID)
 );
 
--- Both DES_EST (Parts 1.3, 4.1, 5.1) and NOM_EST (Parts 4.2, 4.3) hold the
--- state name: the spec names both; the demo fills both with the same text.
+-- Both DES_EST (letterhead, region lists) and NOM_EST (supplier catalogue)
+-- hold the state name: inquiries read both; the demo fills both with the same text.
 CREATE TABLE tblEstado (
     COD_EST VARCHAR(10) NOT NULL,
     DES_EST VARCHAR(60),
@@ -187,8 +186,8 @@ CREATE TABLE tblAgrProveedor (
     PRIMARY KEY (COD_AGR)
 );
 
--- A supplier may be in several agrupaciones (it is then listed twice, a spec
--- edge case).
+-- A supplier may be in several agrupaciones (it is then listed twice, on
+-- purpose).
 CREATE TABLE tblGpoAgrProveedor (
     COD_GPO INTEGER NOT NULL,
     COD_AGR INTEGER NOT NULL,
@@ -216,7 +215,7 @@ CREATE TABLE tblCxPEstatus (
 );
 
 -- FEC_DOC is DATE and PLA_PAG INTEGER so that PostgreSQL can evaluate
--- (FEC_DOC+PLA_PAG) of Part 4.9. On SQLite the same term adds to the leading
+-- (FEC_DOC+PLA_PAG) of the overdue balances. On SQLite the same term adds to the leading
 -- number of the text; the library's dialect place (Dialecto::FechaMasDias)
 -- writes date(FEC_DOC,'+'||PLA_PAG||' days') there instead. NUM_MOV is the
 -- key; FOL_DOC is not declared unique. CON_GRL 'CCXP' charge, 'ACXP' credit.
@@ -267,7 +266,7 @@ CREATE TABLE tblCatAlmacenes (
     PRIMARY KEY (COD_ALM)
 );
 
--- POR_IMP is divided by 100 in SQL (Part 5.4): REAL affinity on SQLite (a
+-- POR_IMP is divided by 100 in SQL (tax lookup): REAL affinity on SQLite (a
 -- NUMERIC column would store 16.0 as the integer 16 and 16/100 would be 0),
 -- NUMERIC(9,4) on PostgreSQL. TIPO_IMP 2 is IEPS.
 CREATE TABLE tblImpuestos (
@@ -308,7 +307,7 @@ CREATE TABLE tblCatUnidades (
 
 -- EQV_UND is base units per unit; the base unit has EQV_UND=1. Joined in Part
 -- 5.12 without a unit restriction, so an article with several units repeats
--- its lines (spec edge case, present in the demo).
+-- its lines (present in the demo on purpose).
 CREATE TABLE tblUndCosPreArt (
     COD1_ART VARCHAR(20) NOT NULL,
     COD_UND VARCHAR(10) NOT NULL,
@@ -359,7 +358,7 @@ CREATE TABLE tblRequisicionesEnc (
     PRIMARY KEY (FOL_REQ)
 );
 
--- Deliberately WITHOUT EQV_UND although Part 5.13 lists it: the summed
+-- Deliberately WITHOUT EQV_UND although backorder reads it: the summed
 -- requisition statements join tblUndCosPreArt and write SUM(CAN_ART*EQV_UND)
 -- unqualified, which would be ambiguous.
 CREATE TABLE tblRequisicionesRen (
@@ -419,7 +418,7 @@ CREATE TABLE tblCotizacionesRen (
 );
 
 -- COD_ESTATUS: 4 active, 5 cancelled, 3 supplied. Must not have FEC_DOC,
--- REF_FACTURA, SUB_DOC, IVA_DOC, TOT_DOC (unqualified in Part 5.15's join
+-- REF_FACTURA, SUB_DOC, IVA_DOC, TOT_DOC (unqualified in the purchase analysis join
 -- with tblComprasEnc).
 CREATE TABLE tblOCOMEnc (
     FOL_OCOM VARCHAR(20) NOT NULL,
@@ -470,11 +469,11 @@ CREATE TABLE tblOCOMRen (
 );
 
 -- Receipts and remissions (COD_ESTATUS 7). FOL_DOC is the PRIMARY KEY: Diario
--- de Compras (Part 5.3) selects COD_USU without grouping it, which PostgreSQL
+-- de Compras selects COD_USU without grouping it, which PostgreSQL
 -- accepts only because the grouped FOL_DOC is the key. COD_ESTATUS: 4 or 1
 -- active, 2 cancelled, 3 supplied, 7 remission. IMPORTACION 0/1 (never -1).
 -- TOT_PROV is the total in the supplier's currency (SUM(TOT_PROV*TIP_CAM),
--- Part 4.5).
+-- purchases by supplier).
 CREATE TABLE tblComprasEnc (
     FOL_DOC VARCHAR(20) NOT NULL,
     FEC_DOC DATE CHECK (FEC_DOC IS NULL OR FEC_DOC GLOB '[0-9][0-9][0-9][0-9]-[0-1][0-9]-[0-3][0-9]'),
@@ -501,9 +500,9 @@ CREATE TABLE tblComprasEnc (
     PRIMARY KEY (FOL_DOC)
 );
 
--- IMP1_ART/IMP2_ART are tax PERCENTS divided by 100 (Parts 5.7, 5.9);
+-- IMP1_ART/IMP2_ART are tax PERCENTS divided by 100 (purchases by article, itemised);
 -- COD1_IMP/COD2_IMP are the tax codes. EQV_UND is a divisor (COS_COM/EQV_UND,
--- Part 5.8). All of these and DESCUENTOn have REAL affinity on SQLite. Must
+-- net purchases). All of these and DESCUENTOn have REAL affinity on SQLite. Must
 -- not have FEC_DOC, TIP_CAM, IMP_DOC, COD_PROV, COD_ESTATUS, FOL_OCOM.
 CREATE TABLE tblComprasRen (
     FOL_DOC VARCHAR(20),

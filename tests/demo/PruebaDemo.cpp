@@ -1,6 +1,6 @@
 // The demo suite: the schema and the small demo on SQLite and PostgreSQL,
 // read back through the library's read-only Conexion with the statements of
-// the Parts (placeholders filled), the traps of the schema inventory, the
+// the inquiries (placeholders filled), the type traps of the schema, the
 // generator's determinism, row counts by scale and `consultas demo`.
 #include "GeneradorDemo.h"
 #include "core/Conexion.h"
@@ -62,7 +62,7 @@ struct Sentencia {
 
 } // namespace
 
-// One statement of the Parts (or more) for every one of the 44 tables; each
+// One statement of the inquiries (or more) for every one of the 44 tables; each
 // must run on the engine and find rows in the demo.
 TEST_P(DemoEnMotor, UnaSentenciaDeLasPartesPorTabla) {
     const QString rc1 = "RC0000001";
@@ -88,12 +88,12 @@ TEST_P(DemoEnMotor, UnaSentenciaDeLasPartesPorTabla) {
     ASSERT_FALSE(ocDif.isEmpty());
 
     const std::vector<Sentencia> sentencias = {
-        // Part 1.3
+        // Letterhead
         {"tblParametrosGenerales", "SELECT REP_NOMEMP,REP_NOMCOM FROM tblParametrosGenerales;"},
         {"tblEmpresa", "SELECT * FROM tblEmpresa WHERE COD_EMPRESA=1;"},
         {"tblCiudad", "SELECT DES_CID FROM tblCiudad WHERE COD_CID='GDL';"},
         {"tblEstado", "SELECT DES_EST FROM tblEstado WHERE COD_EST='JAL';"},
-        // Parts 3.1 .. 3.4
+        // Budgets
         {"tblConDePresu tblCentrosCostos",
          "SELECT COD_CPRE,DES_CPRE,tblConDePresu.COD_CCOS,DES_CCOS FROM tblConDePresu INNER JOIN "
          "tblCentrosCostos ON "
@@ -121,7 +121,7 @@ TEST_P(DemoEnMotor, UnaSentenciaDeLasPartesPorTabla) {
                         "TIP_OPE=2) AND (FEC_REG BETWEEN " +
                             D1 + " AND " + D2 + ") AND FOL_CON='5' ORDER BY FEC_REG;"},
         {"tblUsuarios", "SELECT NOM_USU FROM tblUsuarios WHERE COD_USU='MGARCIA';"},
-        // Parts 4.x
+        // Accounts payable
         {"tblPais",
          "SELECT COD_PAIS AS COD_TABLA,DES_PAIS AS DES_TABLA FROM tblPais ORDER BY COD_PAIS"},
         {"tblEstatusProv",
@@ -195,7 +195,7 @@ TEST_P(DemoEnMotor, UnaSentenciaDeLasPartesPorTabla) {
                                        "tblDevolucionEnc.COD_PROV=tblCatProveedor.COD_PROV WHERE "
                                        "(COD_ESTATUS<>2) AND (FEC_DEV BETWEEN " +
                                            D1 + " AND " + D2 + ")"},
-        // Parts 5.x
+        // Purchasing
         {"tblSucursales tblCatAlmacenes",
          "SELECT COD_ALM,DES_ALM,tblSucursales.COD_SUCU,DES_SUCU FROM tblCatAlmacenes INNER JOIN "
          "tblSucursales ON "
@@ -392,7 +392,7 @@ TEST_P(DemoEnMotor, UnaSentenciaDeLasPartesPorTabla) {
         })) << t.toStdString();
 }
 
-// The traps of the schema inventory, on each engine.
+// The type traps of the schema, on each engine.
 TEST_P(DemoEnMotor, TrampasDeTipos) {
     // A divided percentage is a fraction (REAL affinity on SQLite).
     EXPECT_DOUBLE_EQ(
@@ -407,7 +407,7 @@ TEST_P(DemoEnMotor, TrampasDeTipos) {
                          "DESC1")
                          .Doble(),
                      0.05);
-    // Tax lookup of Part 5.4: SUM(COS_UNI*(POR_IMP/100)) is not 0.
+    // Tax lookup of Relación de Documentos: SUM(COS_UNI*(POR_IMP/100)) is not 0.
     {
         const QString folCot =
             Uno("SELECT MIN(FOL_COTI) AS F FROM tblCotizacionesRen WHERE REN_IMP1=1", "F").Texto();
@@ -429,7 +429,7 @@ TEST_P(DemoEnMotor, TrampasDeTipos) {
         EXPECT_GT(real, 0);
         EXPECT_NEAR(real, esperado, 0.001);
     }
-    // Part 5.9: second tax over cost plus first tax (IEPS then VAT).
+    // Compras Desglosado: second tax over cost plus first tax (IEPS then VAT).
     {
         const QString f =
             Uno("SELECT MIN(FOL_DOC) AS F FROM tblComprasRen WHERE GRAVA_IMP1<>0", "F").Texto();
@@ -464,7 +464,7 @@ TEST_P(DemoEnMotor, TrampasDeTipos) {
             << termino.toStdString();
         EXPECT_EQ(Filas(base + termino + "<=" + Dialecto::FechaSQL(vence.addDays(-1), 4)), 0);
         EXPECT_EQ(Filas(base + termino + ">" + Dialecto::FechaSQL(vence.addDays(-1), 4)), 1);
-        // SaldoVencido of Part 4.9 for the overdrawn supplier, against the
+        // SaldoVencido for the overdrawn supplier, against the
         // same sum made in code from SELECT *.
         const QDate hoy = QDate::fromString(hechos::FechaFinal, Qt::ISODate);
         auto todos = con.Abre("SELECT * FROM tblCxPEnc WHERE (COD_PROV='" +
@@ -510,7 +510,7 @@ TEST_P(DemoEnMotor, TrampasDeTipos) {
         EXPECT_EQ(Filas("SELECT DES_CPRE FROM tblConDePresu WHERE COD_CPRE=99;"), 0);
         EXPECT_EQ(Filas("SELECT NOM_USU FROM tblUsuarios WHERE COD_USU='BAJA01';"), 0);
     }
-    // Mejor Cotización (Part 5.14): CAN_ART compared with the requisition's
+    // Mejor Cotización: CAN_ART compared with the requisition's
     // quantity turned to text.
     {
         const QString req = Uno("SELECT MIN(FOL_REQ) AS F FROM tblCotizacionesEnc", "F").Texto();
@@ -593,7 +593,7 @@ TEST_P(DemoEnMotor, HechosDeLaDemostracion) {
         EXPECT_EQ(rs->Campo("IMPORTACION").Entero(), 1);
         EXPECT_GT(rs->Campo("TIP_CAM").Doble(), 15.0);
     }
-    // Statuses the Parts name, all present.
+    // Statuses the inquiries filter on, all present.
     for (int s : {1, 2, 3, 4, 7})
         EXPECT_GT(Filas(QString("SELECT FOL_DOC FROM tblComprasEnc WHERE COD_ESTATUS=%1").arg(s)),
                   0)
