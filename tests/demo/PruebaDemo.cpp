@@ -17,6 +17,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ostream>
+
+// Test names and messages show the engine as text.
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << s.toStdString();
+}
 
 using namespace consultas;
 namespace hechos = consultas::demo::hechos;
@@ -64,7 +70,7 @@ struct Sentencia {
 
 // One statement of the inquiries (or more) for every one of the 44 tables; each
 // must run on the engine and find rows in the demo.
-TEST_P(DemoEnMotor, UnaSentenciaDeLasPartesPorTabla) {
+TEST_P(DemoEnMotor, UnaSentenciaDeLasConsultasPorTabla) {
     const QString rc1 = "RC0000001";
     // A quotation folio and a requisition with quotations, a return, an
     // order with differences: taken from the demo itself.
