@@ -8,5 +8,7 @@ namespace consultas::host {
 
 int CmdAbrir(const QStringList& args);
 int CmdDemo(const QStringList& args);
+int CmdEjecutar(const QStringList& args);
+int CmdVista(const QStringList& args);
 
 } // namespace consultas::host

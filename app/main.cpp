@@ -66,11 +66,13 @@ int main(int argc, char** argv) {
     const std::map<std::string, std::function<int(const QStringList&)>> subcomandos = {
         {"abrir", CmdAbrir},
         {"demo", CmdDemo},
+        {"ejecutar", CmdEjecutar},
+        {"vista", CmdVista},
     };
     const auto it = subcomandos.find(sub);
     if (it == subcomandos.end()) {
         std::fprintf(stderr,
-                     "consultas: subcomando desconocido: '%s' (abrir, ejecutar, demo; sin "
+                     "consultas: subcomando desconocido: '%s' (abrir, ejecutar, vista, demo; sin "
                      "argumentos muestra el uso)\n",
                      sub);
         return SalidaUso;
