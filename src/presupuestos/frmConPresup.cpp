@@ -95,6 +95,7 @@ frmConPresup::frmConPresup(QWidget* padre) : PantallaBase(padre) {
         m::LeeEmpresa(*m::ConexionCompartida, 1);
 
     // The screen sees keys before its controls do.
+    installEventFilter(this);
     for (QWidget* w : findChildren<QWidget*>())
         w->installEventFilter(this);
 

@@ -17,7 +17,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
 #include <QUrl>
@@ -252,11 +251,14 @@ TEST_F(Pantalla, F10EjecutaLaConsultaElegida) {
     f->Consultar();
     ASSERT_EQ(mostrados, 2);
     EXPECT_EQ(presup::Fila(documento.paginas[0], 2200).first(), "100=20/03/2026");
+    // F10 acts wherever the focus is, the screen itself included.
+    QTest::keyClick(f.get(), Qt::Key_F10);
+    ASSERT_EQ(mostrados, 3);
 
     // An empty code box refuses the run silently.
     C<QLineEdit>("txtCodCCOS")->setText("");
     f->Consultar();
-    EXPECT_EQ(mostrados, 2);
+    EXPECT_EQ(mostrados, 3);
     EXPECT_EQ(guion->llamadas.size(), 0u);
 }
 
