@@ -37,6 +37,14 @@ bool NecesitaPantalla(const char* sub) {
     return std::strcmp(sub, "abrir") == 0 || std::strcmp(sub, "vista") == 0;
 }
 
+// The offscreen platform warns about window hints that mean nothing without
+// a screen; batch runs show their screens there, so the warning is noise.
+void FiltraMensajesQt(QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
+    if (texto.contains("propagateSizeHints"))
+        return;
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(tipo, contexto, texto)));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -60,6 +68,7 @@ int main(int argc, char** argv) {
         mkdir(dir.constData(), 0700);
         qputenv("XDG_RUNTIME_DIR", dir);
     }
+    qInstallMessageHandler(FiltraMensajesQt);
     QApplication app(argc, argv);
     QStringList args = QApplication::arguments().mid(2);
 
