@@ -873,6 +873,7 @@ void frmConCompras::AplicaPanel(int indice) {
         excel(true);
         HabilitaNivel({0, 1});
         HabilitaDocumentos({0, 1, 2, 3, 4, 5});
+        HabilitaOrden({0, 1, 4});
         HabilitaAlm(true);
         FijaOpcion(optDoc[1]);
         ReglaDocumento(1);
@@ -999,6 +1000,10 @@ void frmConCompras::ReglaDocumento(int d) {
             HabilitaTNI(true);
         }
     }
+    // The journal takes the national or imported choice back for every
+    // document but returns, which are always of all origins.
+    if (c == CompDiario)
+        HabilitaTNI(d != DocCompDevolucion);
     if (c == CompBackorder) {
         HabilitaGpos(0, true);
         HabilitaProveedor(true);
