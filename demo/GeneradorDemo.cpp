@@ -1,4 +1,5 @@
 #include "GeneradorDemo.h"
+#include "core/Conexion.h"
 
 #include <QDate>
 #include <QDir>
@@ -1516,48 +1517,10 @@ QString CreaSuiteDemo(const QString& carpeta, const OpcionesDemo& o, ResumenDemo
 
 QSqlDatabase AbrePostgresEscritura(const QString& cadena, const QString& nombreConexion) {
     QSqlDatabase db = QSqlDatabase::addDatabase("QPSQL", nombreConexion);
-    const QString c = cadena.trimmed();
     QStringList opciones;
-    if (c.startsWith("postgres", Qt::CaseInsensitive) && c.contains("://")) {
-        const QUrl url(c);
-        if (!url.isValid() || url.path().size() < 2)
-            throw ErrorDemo("La dirección de PostgreSQL no es válida: " + c);
-        db.setHostName(url.host());
-        if (url.port() > 0)
-            db.setPort(url.port());
-        db.setDatabaseName(url.path().mid(1));
-        db.setUserName(url.userName());
-        db.setPassword(url.password());
-        for (const auto& par : QUrlQuery(url).queryItems(QUrl::FullyDecoded))
-            opciones << par.first + "=" + par.second;
-    } else {
-        static const QRegularExpression re(R"((\w+)\s*=\s*('(?:[^'\\]|\\.)*'|\S+))");
-        auto it = re.globalMatch(c);
-        bool alguno = false;
-        while (it.hasNext()) {
-            const auto m = it.next();
-            alguno = true;
-            QString v = m.captured(2);
-            if (v.startsWith('\'') && v.endsWith('\'') && v.size() >= 2)
-                v = v.mid(1, v.size() - 2).replace("\\'", "'").replace("\\\\", "\\");
-            const QString k = m.captured(1).toLower();
-            if (k == "host" || k == "hostaddr")
-                db.setHostName(v);
-            else if (k == "port")
-                db.setPort(v.toInt());
-            else if (k == "dbname")
-                db.setDatabaseName(v);
-            else if (k == "user")
-                db.setUserName(v);
-            else if (k == "password")
-                db.setPassword(v);
-            else
-                opciones << k + "=" + v;
-        }
-        if (!alguno)
-            throw ErrorDemo(
-                "La cadena de PostgreSQL no tiene la forma clave=valor ni postgresql://: " + c);
-    }
+    QString error;
+    if (!Conexion::ConfiguraPostgres(db, cadena, &opciones, &error))
+        throw ErrorDemo(error + " " + cadena.trimmed());
     if (!opciones.isEmpty())
         db.setConnectOptions(opciones.join(';'));
     if (!db.open()) {

@@ -11,7 +11,7 @@ PAQUETES=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-liberation2
   sqlite3 postgresql postgresql-client odbc-postgresql unixodbc unixodbc-dev
-  poppler-utils unzip xvfb xauth
+  poppler-utils unzip xvfb xauth time
 )
 
 faltan=()

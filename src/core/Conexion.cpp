@@ -541,6 +541,50 @@ Conexion::~Conexion() {
     Cerrar();
 }
 
+bool Conexion::ConfiguraPostgres(QSqlDatabase& db, const QString& cadena, QStringList* opciones,
+                                 QString* error) {
+    const QString c = cadena.trimmed();
+    if (c.startsWith("postgres", Qt::CaseInsensitive) && c.contains("://")) {
+        const QUrl url(c);
+        if (!url.isValid() || url.path().size() < 2) {
+            if (error)
+                *error = "La dirección de PostgreSQL no es válida.";
+            return false;
+        }
+        db.setHostName(url.host());
+        if (url.port() > 0)
+            db.setPort(url.port());
+        db.setDatabaseName(url.path().mid(1));
+        db.setUserName(url.userName());
+        db.setPassword(url.password());
+        for (const auto& par : QUrlQuery(url).queryItems(QUrl::FullyDecoded))
+            *opciones << par.first + "=" + par.second;
+        return true;
+    }
+    const auto pares = ParesClave(c);
+    if (pares.isEmpty()) {
+        if (error)
+            *error = "La cadena de PostgreSQL no tiene la forma clave=valor ni postgresql://.";
+        return false;
+    }
+    for (const auto& par : pares) {
+        const QString k = par.first.toLower();
+        if (k == "host" || k == "hostaddr")
+            db.setHostName(par.second);
+        else if (k == "port")
+            db.setPort(par.second.toInt());
+        else if (k == "dbname")
+            db.setDatabaseName(par.second);
+        else if (k == "user")
+            db.setUserName(par.second);
+        else if (k == "password")
+            db.setPassword(par.second);
+        else
+            *opciones << par.first + "=" + par.second;
+    }
+    return true;
+}
+
 Motor Conexion::MotorDeCadena(const QString& cadena) {
     const QString c = cadena.trimmed();
     if (c.isEmpty())
@@ -584,37 +628,10 @@ bool Conexion::Abrir(const QString& cadena) {
     case Motor::PostgreSQL: {
         db = QSqlDatabase::addDatabase("QPSQL", nombre_);
         QStringList opciones;
-        if (c.startsWith("postgres", Qt::CaseInsensitive) && c.contains("://")) {
-            const QUrl url(c);
-            if (!url.isValid()) {
-                ultimoError_ = "La dirección de PostgreSQL no es válida.";
-                QSqlDatabase::removeDatabase(nombre_);
-                return false;
-            }
-            db.setHostName(url.host());
-            if (url.port() > 0)
-                db.setPort(url.port());
-            db.setDatabaseName(url.path().mid(1));
-            db.setUserName(url.userName());
-            db.setPassword(url.password());
-            for (const auto& par : QUrlQuery(url).queryItems(QUrl::FullyDecoded))
-                opciones << par.first + "=" + par.second;
-        } else {
-            for (const auto& par : ParesClave(c)) {
-                const QString k = par.first.toLower();
-                if (k == "host" || k == "hostaddr")
-                    db.setHostName(par.second);
-                else if (k == "port")
-                    db.setPort(par.second.toInt());
-                else if (k == "dbname")
-                    db.setDatabaseName(par.second);
-                else if (k == "user")
-                    db.setUserName(par.second);
-                else if (k == "password")
-                    db.setPassword(par.second);
-                else
-                    opciones << par.first + "=" + par.second;
-            }
+        if (!ConfiguraPostgres(db, c, &opciones, &ultimoError_)) {
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(nombre_);
+            return false;
         }
         // Every transaction of this session is read-only on the server too.
         opciones << "options=-cdefault_transaction_read_only=on";

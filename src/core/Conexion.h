@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <memory>
@@ -179,6 +180,12 @@ public:
 
     // Which form a connection string has; Ninguno when it names none.
     static Motor MotorDeCadena(const QString& cadena);
+    // Sets host, port, database, user and password of a PostgreSQL
+    // connection from a URL or keyword string; other keywords go to
+    // *opciones as driver options. False, with the reason, when the string
+    // has neither form. The demo generator's writable connection uses it too.
+    static bool ConfiguraPostgres(QSqlDatabase& db, const QString& cadena, QStringList* opciones,
+                                  QString* error = nullptr);
     // True when the text is one SELECT statement (an optional ";" at its end).
     static bool EsSoloLectura(const QString& sql);
 

@@ -17,14 +17,17 @@ namespace {
 
 // The flag columns hold text such as "1"; "0" + text read as a number is 1
 // only for a one. A Null reads as 0.
-bool Bandera(const Valor& v) { return ("0" + v.Texto()).toDouble() == 1.0; }
+bool Bandera(const Valor& v) {
+    return ("0" + v.Texto()).toDouble() == 1.0;
+}
 
 // A column that must not be Null: the read fails as an unguarded
 // conversion of Null to text would.
 QString Obligado(const Recordset& rs, const char* campo) {
     const Valor v = rs.Campo(campo);
     if (v.EsNulo())
-        throw ErrorConsulta(QString("Uso no válido de Null en el campo %1 de tblEmpresa.").arg(campo));
+        throw ErrorConsulta(
+            QString("Uso no válido de Null en el campo %1 de tblEmpresa.").arg(campo));
     return v.Texto();
 }
 
@@ -48,7 +51,8 @@ void LeeEmpresa(Conexion& conexion, int empresa) {
             VerNombreComercial = Bandera(rs->Campo("REP_NOMCOM"));
         }
     }
-    auto rs = conexion.Abre("SELECT * FROM tblEmpresa WHERE COD_EMPRESA=" + QString::number(empresa) + ";");
+    auto rs = conexion.Abre(
+        "SELECT * FROM tblEmpresa WHERE COD_EMPRESA=" + QString::number(empresa) + ";");
     if (rs->Eof()) {
         EmpNombre = "NO ENCONTRADA";
         return;
@@ -86,7 +90,8 @@ void LeeEmpresa(Conexion& conexion, int empresa) {
     if (!estado.isEmpty()) {
         auto e = conexion.Abre("SELECT DES_EST FROM tblEstado WHERE COD_EST='" + estado + "';");
         if (!e->Eof())
-            EmpCiudadEstado += (EmpCiudadEstado.isEmpty() ? "" : ", ") + e->Campo("DES_EST").Texto();
+            EmpCiudadEstado +=
+                (EmpCiudadEstado.isEmpty() ? "" : ", ") + e->Campo("DES_EST").Texto();
     }
 }
 

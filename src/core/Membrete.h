@@ -31,7 +31,7 @@ void LeeEmpresa(Conexion& conexion, int empresa);
 
 // How the three screens' headings differ.
 struct VarianteMembrete {
-    int xBanda = 6910;         // x of the sub-title band (purchasing: 6900)
+    int xBanda = 6910;           // x of the sub-title band (purchasing: 6900)
     bool restaurarEstado = true; // false: the caller restores after its column titles
     // Drawn after the date and before the rules (the budget list's year).
     std::function<void(Superficie&, int y)> extra;

@@ -28,8 +28,7 @@ bool clsConsultaCompras::PreparaConsulta(const QString& ConexionBaseDatos,
     return conexionAbierta_;
 }
 
-void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva,
-                                         QString& ConexionBaseDatos,
+void clsConsultaCompras::MostrarConsulta(TipoDeConsulta& ConsultaActiva, QString& ConexionBaseDatos,
                                          std::uint8_t& ManejadorBaseDatos,
                                          std::int16_t& NumeroDeEmpresa, QString& ArchivoDeAyuda,
                                          QString& RutaBaseDeDatos) {

@@ -68,7 +68,8 @@ void PantallaBase::AplicaAjuste(const QString& control, std::optional<int> indic
     if (!w->isEnabled())
         throw ErrorAjuste(QString("el control %1 está deshabilitado en esta consulta").arg(nombre));
     auto valorMalo = [&](const QString& esperado) {
-        return ErrorAjuste(QString("valor no válido para %1: '%2' (%3)").arg(nombre, valor, esperado));
+        return ErrorAjuste(
+            QString("valor no válido para %1: '%2' (%3)").arg(nombre, valor, esperado));
     };
 
     if (auto* opcion = qobject_cast<QRadioButton*>(w)) {
@@ -148,7 +149,8 @@ void PantallaBase::AplicaAjuste(const QString& control, std::optional<int> indic
         boton->click();
         return;
     }
-    throw ErrorAjuste(QString("el control %1 no se puede fijar desde la línea de órdenes").arg(nombre));
+    throw ErrorAjuste(
+        QString("el control %1 no se puede fijar desde la línea de órdenes").arg(nombre));
 }
 
 void PantallaBase::EjecutaProtegido(const std::function<void()>& trabajo) {

@@ -231,8 +231,20 @@ private:
     int alto_ = 160;
 };
 
+using TablaAvances = std::map<std::tuple<int, int, bool, bool>, Avances>;
+TablaAvances& Tabla() {
+    static TablaAvances tabla;
+    return tabla;
+}
+// Font metrics must not outlive the application that owns the fonts.
+void VaciaTabla() {
+    Tabla().clear();
+}
+
 Avances& AvancesDe(const Fuente& f) {
-    static std::map<std::tuple<int, int, bool, bool>, Avances> tabla;
+    TablaAvances& tabla = Tabla();
+    if (tabla.empty() && QCoreApplication::instance())
+        qAddPostRoutine(VaciaTabla);
     const auto clave = std::make_tuple(f.face, f.size, f.bold, f.italic);
     auto it = tabla.find(clave);
     if (it == tabla.end())
