@@ -51,7 +51,7 @@ public:
     explicit frmConCompras(QWidget* padre = nullptr);
     ~frmConCompras() override;
 
-    void Consultar() override { EjecutarConsulta(); }
+    void Consultar() override { Funcion(0); }
     // The run behind "CONSULTAR [F10]".
     void EjecutarConsulta();
 
