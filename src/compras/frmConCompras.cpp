@@ -202,7 +202,7 @@ frmConCompras::frmConCompras(QWidget* padre) : PantallaBase(padre) {
 frmConCompras::~frmConCompras() = default;
 
 void frmConCompras::CreaControles() {
-    setFixedSize(14925 / 15, 9180 / 15);
+    setFixedSize(14925 / 15, 9720 / 15);
     auto marco = [this](int i, const char* titulo, int l, int t, int w, int h) {
         auto* f = new QGroupBox(QString::fromUtf8(titulo), this);
         f->setObjectName(Indexado("Frame", i));
@@ -283,7 +283,7 @@ void frmConCompras::CreaControles() {
                                   this);
         b->setObjectName(Indexado("cmdFunciones", i));
         b->setAutoDefault(false);
-        Pon(b, 480 + i * 2220, 8580, 2160, 480);
+        Pon(b, 480 + i * 2880, 9120, 2820, 480);
         cmdFunciones[static_cast<size_t>(i)] = b;
     }
 
