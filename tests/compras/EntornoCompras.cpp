@@ -12,10 +12,30 @@ namespace pruebas {
 
 namespace m = consultas::modConCompras;
 
-EntornoCompras& EntornoCompras::De(const QString& motor) {
+namespace {
+
+std::map<QString, std::unique_ptr<EntornoCompras>>& Suites() {
     static std::map<QString, std::unique_ptr<EntornoCompras>> suites;
-    auto& e = suites[motor];
+    return suites;
+}
+
+// The databases go while Qt SQL is still there, after the shared
+// connection that reads them.
+class Limpieza : public ::testing::Environment {
+public:
+    void TearDown() override {
+        m::CierraConexion();
+        Suites().clear();
+    }
+};
+
+} // namespace
+
+EntornoCompras& EntornoCompras::De(const QString& motor) {
+    auto& e = Suites()[motor];
     if (!e) {
+        static const bool limpieza = (::testing::AddGlobalTestEnvironment(new Limpieza), true);
+        (void)limpieza;
         e = std::make_unique<EntornoCompras>();
         e->base_ = NuevaBase(motor);
         consultas::demo::CargaDemo(QSqlDatabase::database(e->base_->NombreEscritura()));
