@@ -4,7 +4,9 @@
 #include "GeneradorDemo.h"
 #include "compras/EncabezadosCompras.h"
 #include "compras/ReportesCompras.h"
+#include "core/Formato.h"
 #include "core/modConCompras.h"
+#include "services/Servicios.h"
 #include "soporte/Soporte.h"
 #include "surface/Superficie.h"
 
@@ -147,6 +149,54 @@ TEST_P(Diario, ProveedorElegidoQuitaLaRegion) {
     EXPECT_TRUE(sel.SqlConsulta.contains(" (tblComprasEnc.COD_PROV ='P1') AND"));
     EXPECT_TRUE(t.contains("Proveedor:       PROVEEDOR UNO"));
     EXPECT_FALSE(t.join("|").contains("Ciudad:"));
+}
+
+// Keeps the rows handed to the spreadsheet instead of writing a file.
+struct Hoja {
+    QString nombre;
+    std::vector<QStringList> filas; // "field=value" of the fields set
+};
+class ExportaEnMemoria : public clsExportaExcel {
+public:
+    explicit ExportaEnMemoria(Hoja& h) : h_(h) {}
+    int Exporta(Recordset& rs, const QString& nombre, const QString&) override {
+        h_.nombre = nombre;
+        for (; !rs.Eof(); rs.MoveNext()) {
+            QStringList fila;
+            for (int i = 0; i < rs.CuentaCampos(); ++i)
+                if (!rs.Campo(i).EsNulo())
+                    fila << rs.NombreCampo(i) + "=" + rs.Campo(i).Texto();
+            h_.filas.push_back(fila);
+        }
+        return static_cast<int>(h_.filas.size());
+    }
+
+private:
+    Hoja& h_;
+};
+
+TEST_P(Diario, HojaConFoliosEnterosYTotales) {
+    Hoja hoja;
+    servicios::Fabricas f;
+    f.exportaExcel = [&hoja] { return std::make_unique<ExportaEnMemoria>(hoja); };
+    servicios::ServiciosInstalados instalados(f);
+    pantalla.Excel = true;
+    Corre();
+    EXPECT_EQ(hoja.nombre, QString::fromUtf8("DiarioCompras_Recepción") +
+                               FormatoFecha(QDate::currentDate(), "DDMMYYYY"));
+    // The folio goes whole, not by its tail as on the page; the field of
+    // ten characters keeps its head.
+    ASSERT_GE(hoja.filas.size(), 2u);
+    EXPECT_EQ(hoja.filas[0], QStringList{"En Sucursal=NORTE"});
+    EXPECT_TRUE(hoja.filas[1].contains("Folio=ABCDEFGHIJ"));
+    EXPECT_TRUE(hoja.filas[1].contains("Total=290"));
+    EXPECT_TRUE(hoja.filas[1].contains("Fecha=05/01/2026"));
+    EXPECT_TRUE(hoja.filas.back().contains("En Sucursal=TOTALES"));
+    EXPECT_TRUE(hoja.filas.back().contains("Total=97"));
+    bool totalSucursal = false;
+    for (const auto& fila : hoja.filas)
+        totalSucursal |= fila.contains("En Sucursal=TOTAL EN NORTE");
+    EXPECT_TRUE(totalSucursal);
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Diario, ::testing::Values(QString("sqlite"), QString("postgres")),
