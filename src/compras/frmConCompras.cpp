@@ -591,16 +591,14 @@ void frmConCompras::ListasRegionales(int tipo, QString codigo, const QString& sq
     }
 }
 
-void frmConCompras::CargaGposProveedor() {
-    QTreeWidget* a = tvwGpos[0];
+// Loads a two-level tree of groups ("G" + code) and their agrupaciones
+// ("A" + code) from a statement ordered by group.
+void frmConCompras::CargaArbolGrupos(QTreeWidget* a, const QString& sql) {
     QSignalBlocker bloqueo(a);
     a->hide();
     a->clear();
     a->show();
-    auto rs = Base().Abre(
-        "SELECT tblGpoProveedor.COD_GPO,DES_GPO,COD_AGR,DES_AGR FROM tblGpoProveedor INNER JOIN "
-        "tblAgrProveedor ON tblGpoProveedor.COD_GPO=tblAgrProveedor.COD_GPO ORDER BY "
-        "tblGpoProveedor.COD_GPO,DES_AGR;");
+    auto rs = Base().Abre(sql);
     QTreeWidgetItem* grupo = nullptr;
     QString anterior;
     for (; !rs->Eof(); rs->MoveNext()) {
@@ -613,26 +611,20 @@ void frmConCompras::CargaGposProveedor() {
     }
 }
 
+void frmConCompras::CargaGposProveedor() {
+    CargaArbolGrupos(
+        tvwGpos[0],
+        "SELECT tblGpoProveedor.COD_GPO,DES_GPO,COD_AGR,DES_AGR FROM tblGpoProveedor INNER JOIN "
+        "tblAgrProveedor ON tblGpoProveedor.COD_GPO=tblAgrProveedor.COD_GPO ORDER BY "
+        "tblGpoProveedor.COD_GPO,DES_AGR;");
+}
+
 void frmConCompras::CargaGposArticulo() {
-    QTreeWidget* a = tvwGpos[1];
-    QSignalBlocker bloqueo(a);
-    a->hide();
-    a->clear();
-    a->show();
-    auto rs = Base().Abre(
+    CargaArbolGrupos(
+        tvwGpos[1],
         "SELECT tblAgrupacionArt.COD_GPO,DES_GPO,COD_AGR,DES_AGR FROM tblAgrupacionArt INNER JOIN "
         "tblCatAgrupacionArt ON tblAgrupacionArt.COD_GPO=tblCatAgrupacionArt.COD_GPO ORDER BY "
         "tblAgrupacionArt.COD_GPO,DES_AGR;");
-    QTreeWidgetItem* grupo = nullptr;
-    QString anterior;
-    for (; !rs->Eof(); rs->MoveNext()) {
-        const QString g = rs->Campo("COD_GPO").Texto();
-        if (!grupo || g != anterior) {
-            grupo = NuevoNodo(a, nullptr, "G" + g, rs->Campo("DES_GPO").Texto());
-            anterior = g;
-        }
-        NuevoNodo(a, grupo, "A" + rs->Campo("COD_AGR").Texto(), rs->Campo("DES_AGR").Texto());
-    }
 }
 
 void frmConCompras::CargaAlmacenes(QTreeWidget* arbol, bool soloSucursales) {

@@ -62,6 +62,7 @@ public:
     // Loads one list of the region, tax and type combos, or all of them with
     // kind 0. A code or statement given replaces the default.
     void ListasRegionales(int tipo, QString codigo, const QString& sql);
+    void CargaArbolGrupos(QTreeWidget* arbol, const QString& sql);
     void CargaGposProveedor();
     void CargaGposArticulo();
     void CargaAlmacenes(QTreeWidget* arbol, bool soloSucursales);
