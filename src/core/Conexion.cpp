@@ -258,7 +258,8 @@ Recordset::Recordset(std::vector<CampoDef> campos) : campos_(std::move(campos)) 
 }
 
 Recordset::Recordset(std::unique_ptr<QSqlQuery> consulta, QString sql)
-    : consulta_(std::move(consulta)), sql_(std::move(sql)), enMemoria_(false) {
+    : consulta_(std::move(consulta)), sql_(std::move(sql)), enMemoria_(false),
+      anotar_(!Conexion::Bitacora().isEmpty()) {
     const QSqlRecord r = consulta_->record();
     for (int i = 0; i < r.count(); ++i) {
         const QSqlField f = r.field(i);
@@ -298,7 +299,7 @@ void Recordset::LeeFilaConsulta() {
     // The row is copied out so that field reads do not go back to the driver.
     // The time spent in the driver is the engine's share of the walk, which
     // the statement log reports.
-    const bool medir = !sql_.isEmpty();
+    const bool medir = anotar_;
     QElapsedTimer reloj;
     if (medir)
         reloj.start();
@@ -448,7 +449,7 @@ void Recordset::Ordena(const QString& claves) {
 }
 
 void Recordset::Cierra() {
-    if (!anotado_ && !sql_.isEmpty()) {
+    if (anotar_ && !anotado_) {
         anotado_ = true;
         AnotaEnBitacora(sql_, msEjecucion_, static_cast<double>(nsLectura_) / 1e6, filasLeidas_);
     }

@@ -130,7 +130,9 @@ private:
     std::vector<QVariant> filaConsulta_;
     std::vector<std::vector<QVariant>> filas_;
     size_t actual_ = 0;
-    // Statement log.
+    // Statement log: rows are timed only while a log is being written, so
+    // an ordinary walk pays nothing for it.
+    bool anotar_ = false;
     double msEjecucion_ = 0;
     qint64 nsLectura_ = 0;
     qint64 filasLeidas_ = 0;

@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include "soporte/Modal.h"
+
 #include <gtest/gtest.h>
 
 using namespace consultas;
@@ -60,22 +62,8 @@ void CreaFixture(pruebas::BaseDePrueba& b) {
                "INSERT INTO tblCxPEnc VALUES (1, 'FAC-77', '2024-01-31', 'P003')"});
 }
 
-// Runs `accion` on the search window once it is up, and closes it if the
-// action did not, so a failing check cannot leave the test waiting.
 template <class F> void AlAbrir(F accion) {
-    auto* reloj = new QTimer;
-    reloj->setInterval(10);
-    QObject::connect(reloj, &QTimer::timeout, [reloj, accion] {
-        auto* w = qobject_cast<frmBusqueda*>(QApplication::activeModalWidget());
-        if (!w)
-            return;
-        reloj->stop();
-        reloj->deleteLater();
-        accion(w);
-        if (w->isVisible())
-            w->reject();
-    });
-    reloj->start();
+    pruebas::AlAbrir<frmBusqueda>(accion);
 }
 
 QLineEdit* Filtro(frmBusqueda* w) {

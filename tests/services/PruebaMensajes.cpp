@@ -11,29 +11,15 @@
 #include <QTest>
 #include <QTimer>
 
+#include "soporte/Modal.h"
+
 #include <gtest/gtest.h>
 
 using namespace consultas;
 
 namespace {
 
-// Runs `accion` on the modal window once it is up, and closes it if the
-// action did not, so a failing check cannot leave the test waiting.
-template <class T, class F> void AlAbrir(F accion) {
-    auto* reloj = new QTimer;
-    reloj->setInterval(10);
-    QObject::connect(reloj, &QTimer::timeout, [reloj, accion] {
-        auto* w = qobject_cast<T*>(QApplication::activeModalWidget());
-        if (!w)
-            return;
-        reloj->stop();
-        reloj->deleteLater();
-        accion(w);
-        if (w->isVisible())
-            w->reject();
-    });
-    reloj->start();
-}
+using pruebas::AlAbrir;
 
 } // namespace
 
