@@ -95,10 +95,7 @@ OpcionesHost LeeOpciones(const QStringList& args, bool ajustesPermitidos) {
     if (o.ruta.isEmpty()) {
         // A SQLite suite keeps its database in its own folder.
         if (Conexion::MotorDeCadena(o.conexion) == Motor::SQLite) {
-            QString ruta = o.conexion.trimmed();
-            if (ruta.startsWith("sqlite:", Qt::CaseInsensitive))
-                ruta = ruta.mid(7);
-            o.ruta = QFileInfo(ruta).absolutePath();
+            o.ruta = QFileInfo(Conexion::RutaSqlite(o.conexion)).absolutePath();
         } else {
             o.ruta = QDir::currentPath();
         }
@@ -123,9 +120,7 @@ void ValidaConexion(const OpcionesHost& o) {
         throw ErrorUso(
             QString("la cadena de conexión no tiene una forma conocida: '%1'").arg(o.conexion));
     if (motor == Motor::SQLite) {
-        QString ruta = o.conexion.trimmed();
-        if (ruta.startsWith("sqlite:", Qt::CaseInsensitive))
-            ruta = ruta.mid(7);
+        const QString ruta = Conexion::RutaSqlite(o.conexion);
         if (!QFileInfo(ruta).isFile())
             throw ErrorUso(QString("no existe la base de datos '%1'").arg(ruta));
     }

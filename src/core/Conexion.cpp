@@ -542,6 +542,11 @@ Conexion::~Conexion() {
     Cerrar();
 }
 
+QString Conexion::RutaSqlite(const QString& cadena) {
+    const QString c = cadena.trimmed();
+    return c.startsWith("sqlite:", Qt::CaseInsensitive) ? c.mid(7) : c;
+}
+
 bool Conexion::ConfiguraPostgres(QSqlDatabase& db, const QString& cadena, QStringList* opciones,
                                  QString* error) {
     const QString c = cadena.trimmed();
@@ -619,7 +624,7 @@ bool Conexion::Abrir(const QString& cadena) {
         ultimoError_ = "La cadena de conexión no tiene una forma conocida.";
         return false;
     case Motor::SQLite: {
-        const QString ruta = c.startsWith("sqlite:", Qt::CaseInsensitive) ? c.mid(7) : c;
+        const QString ruta = RutaSqlite(c);
         db = QSqlDatabase::addDatabase("QSQLITE", nombre_);
         db.setDatabaseName(ruta);
         // Read-only open: a missing file fails here instead of being created.

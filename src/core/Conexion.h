@@ -182,6 +182,8 @@ public:
 
     // Which form a connection string has; Ninguno when it names none.
     static Motor MotorDeCadena(const QString& cadena);
+    // The file of a SQLite connection string (PATH or sqlite:PATH).
+    static QString RutaSqlite(const QString& cadena);
     // Sets host, port, database, user and password of a PostgreSQL
     // connection from a URL or keyword string; other keywords go to
     // *opciones as driver options. False, with the reason, when the string
