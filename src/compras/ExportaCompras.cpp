@@ -8,6 +8,10 @@ namespace consultas {
 
 namespace {
 
+// Field lists of the export recordsets. Folios, and the references that are
+// folios of other documents, are declared without a limit: the page prints
+// only their last ten characters, so the spreadsheet is where a longer one
+// can still be read whole.
 class ListaCampos {
 public:
     ListaCampos& T(std::initializer_list<const char*> nombres, int tamano) {
@@ -35,7 +39,7 @@ void CamposDiario(const ReporteCompras& r, ListaCampos& c) {
     const bool recepcion = r.Sel.DocumentoActual == DocCompRecepcion;
     c.T({"En Sucursal"}, 30);
     if (!r.Pantalla.Global)
-        c.T({"Folio", "Fecha", "CodProv"}, 10).T({"Sucursal"}, 30).T({"CodUsu"}, 10);
+        c.T({"Folio"}, 0).T({"Fecha", "CodProv"}, 10).T({"Sucursal"}, 30).T({"CodUsu"}, 10);
     if (recepcion)
         c.M({"Importe", "Descto.", "Cargos", "Arancel"});
     c.M({"SubTotal", "Impto", "Total"});
@@ -54,14 +58,14 @@ void CamposRelacion(const ReporteCompras& r, bool hayGrupos, ListaCampos& c) {
         c.T({"Grupo", "Agrup."}, 70);
     if (desdeOrden)
         c.T({"Sucursal"}, 30);
-    c.T({"Folio"}, 10);
+    c.T({"Folio"}, 0);
     if (r.Pantalla.Global) {
-        c.T({"Referencia", "CodProv", "Fecha", "CodUsu"}, 10);
+        c.T({"Referencia"}, 0).T({"CodProv", "Fecha", "CodUsu"}, 10);
         if (desdeOrden)
             c.T({"Alm"}, 30);
         c.T({"Moneda"}, 30).M({"T.C.", "Importe", "Importe M.N."});
     } else if (doc != DocCompRequisicion) {
-        c.T({"Referencia", "CodProv", "Fecha", "CodUsu"}, 10);
+        c.T({"Referencia"}, 0).T({"CodProv", "Fecha", "CodUsu"}, 10);
         if (desdeOrden)
             c.T({"Cod.Suc"}, 10).T({"Almac"}, 30);
         c.T({"Moneda"}, 30).M({"T.C."});
@@ -93,7 +97,7 @@ void CamposNetas(const ReporteCompras& r, ListaCampos& c) {
     const bool det = r.Sel.Detallado;
     c.T({"Codigo"}, 20).T({"Descripcion"}, 60);
     if (det)
-        c.T({"Folio", "Fecha", "CodProv"}, 10).T({"NomProv"}, 120);
+        c.T({"Folio"}, 0).T({"Fecha", "CodProv"}, 10).T({"NomProv"}, 120);
     c.M({"Cantidad"});
     if (det)
         c.M({"CosCompra", "CosPromedio"});
@@ -113,7 +117,7 @@ void CamposDesglosado(const ReporteCompras& r, bool resumenContable, ListaCampos
     const bool descuentos = r.Pantalla.IncluirDescuentos;
     c.T({"Proveedor"}, 10).T({"Nombre"}, 254);
     if (r.Sel.Detallado)
-        c.T({"Folio", "Fecha"}, 10);
+        c.T({"Folio"}, 0).T({"Fecha"}, 10);
     c.M({"Compra 0%"}).M("Compra " + i);
     if (descuentos)
         c.M({"Desc 0%"}).M("Desc " + i);

@@ -184,11 +184,10 @@ TEST_P(Diario, HojaConFoliosEnterosYTotales) {
     Corre();
     EXPECT_EQ(hoja.nombre, QString::fromUtf8("DiarioCompras_Recepción") +
                                FormatoFecha(QDate::currentDate(), "DDMMYYYY"));
-    // The folio goes whole, not by its tail as on the page; the field of
-    // ten characters keeps its head.
+    // The folio goes whole, not by its tail as on the page.
     ASSERT_GE(hoja.filas.size(), 2u);
     EXPECT_EQ(hoja.filas[0], QStringList{"En Sucursal=NORTE"});
-    EXPECT_TRUE(hoja.filas[1].contains("Folio=ABCDEFGHIJ"));
+    EXPECT_TRUE(hoja.filas[1].contains("Folio=ABCDEFGHIJKL"));
     EXPECT_TRUE(hoja.filas[1].contains("Total=290"));
     EXPECT_TRUE(hoja.filas[1].contains("Fecha=05/01/2026"));
     EXPECT_TRUE(hoja.filas.back().contains("En Sucursal=TOTALES"));

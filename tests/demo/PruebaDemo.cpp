@@ -19,11 +19,6 @@
 #include <cmath>
 #include <ostream>
 
-// Test names and messages show the engine as text.
-void PrintTo(const QString& s, std::ostream* os) {
-    *os << s.toStdString();
-}
-
 using namespace consultas;
 namespace hechos = consultas::demo::hechos;
 

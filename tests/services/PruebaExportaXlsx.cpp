@@ -2,107 +2,22 @@
 // types, number formats, widths, and the folder the file goes to.
 #include "core/Conexion.h"
 #include "services/Servicios.h"
+#include "soporte/LeeXlsx.h"
 #include "soporte/Soporte.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QHash>
-#include <QProcess>
-#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
 using namespace consultas;
+using pruebas::Hoja;
+using pruebas::LeeXlsx;
 
 namespace {
-
-struct Celda {
-    QString tipo; // attribute t: "inlineStr", "s", or empty for a number
-    int estilo = 0;
-    QString valor; // the number, or the text of an inline string
-};
-
-struct Hoja {
-    QHash<QString, Celda> celdas; // by reference: "A1", "B2"
-    QHash<int, double> anchos;    // by column, from 1
-    int filas = 0;
-    std::vector<QString> formatos; // number format of each cell style
-    std::vector<bool> negritas;    // bold font of each cell style
-    const Celda* operator()(const QString& ref) const {
-        auto it = celdas.constFind(ref);
-        return it == celdas.constEnd() ? nullptr : &*it;
-    }
-    QString Formato(const QString& ref) const {
-        const Celda* c = (*this)(ref);
-        return c ? formatos.at(size_t(c->estilo)) : QString();
-    }
-    bool Negrita(const QString& ref) const {
-        const Celda* c = (*this)(ref);
-        return c && negritas.at(size_t(c->estilo));
-    }
-};
-
-QByteArray Descomprime(const QString& archivo, const QString& parte) {
-    QProcess p;
-    p.start("unzip", {"-p", archivo, parte});
-    p.waitForFinished(30000);
-    return p.readAllStandardOutput();
-}
-
-Hoja LeeXlsx(const QString& archivo) {
-    Hoja h;
-    QXmlStreamReader x(Descomprime(archivo, "xl/worksheets/sheet1.xml"));
-    QString ref;
-    while (!x.atEnd()) {
-        x.readNext();
-        if (!x.isStartElement())
-            continue;
-        const auto a = x.attributes();
-        if (x.name() == u"row") {
-            ++h.filas;
-        } else if (x.name() == u"c") {
-            ref = a.value("r").toString();
-            h.celdas[ref] = {a.value("t").toString(), a.value("s").toInt(), QString()};
-        } else if (x.name() == u"v" || x.name() == u"t") {
-            h.celdas[ref].valor = x.readElementText();
-        } else if (x.name() == u"col") {
-            for (int c = a.value("min").toInt(); c <= a.value("max").toInt(); ++c)
-                h.anchos[c] = a.value("width").toDouble();
-        }
-    }
-    EXPECT_FALSE(x.hasError()) << x.errorString().toStdString();
-
-    // Styles: number formats by id (4 is Excel's own "#,##0.00"), fonts by
-    // boldness, and the cell formats that combine them.
-    QHash<int, QString> codigos{{0, "General"}, {4, "#,##0.00"}};
-    std::vector<bool> fuentes;
-    QXmlStreamReader s(Descomprime(archivo, "xl/styles.xml"));
-    bool enXfs = false;
-    while (!s.atEnd()) {
-        s.readNext();
-        if (s.isEndElement() && s.name() == u"cellXfs")
-            enXfs = false;
-        if (!s.isStartElement())
-            continue;
-        const auto a = s.attributes();
-        if (s.name() == u"numFmt")
-            codigos[a.value("numFmtId").toInt()] = a.value("formatCode").toString();
-        else if (s.name() == u"font")
-            fuentes.push_back(false);
-        else if (s.name() == u"b" && !fuentes.empty())
-            fuentes.back() = true;
-        else if (s.name() == u"cellXfs")
-            enXfs = true;
-        else if (enXfs && s.name() == u"xf") {
-            h.formatos.push_back(codigos.value(a.value("numFmtId").toInt(), "?"));
-            h.negritas.push_back(fuentes.at(size_t(a.value("fontId").toInt())));
-        }
-    }
-    return h;
-}
 
 std::vector<CampoDef> CamposDePrueba() {
     return {{"FOLIO", TipoCampo::Texto, 20},    {"IMPORTE", TipoCampo::Moneda, 0},
