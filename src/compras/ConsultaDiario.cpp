@@ -250,27 +250,15 @@ private:
             const double cantidad = rs->Campo("CAN_ART").Doble();
             const double costo = tasa * rs->Campo(recepcion_ ? "COS_COM" : "COS_UNI").Doble();
             const double arancel = recepcion_ ? tasa * rs->Campo("IMP_ARANCEL").Doble() : 0.0;
-            s_.TextOut(200, y_, art);
-            s_.TextOut(1300, y_, des);
-            s_.TextOut(6300, y_, und);
-            s_.TextAlign = AlineaDerecha;
-            s_.TextOut(5500, y_, Formato(cantidad, Patron));
+            std::vector<CeldaLinea> celdas{{200, false, art, "Cod.Art"},
+                                           {1300, false, des, "Descrip.Art"},
+                                           {6300, false, und, "Unidad"},
+                                           {5500, true, Formato(cantidad, Patron), "Cantidad"}};
             if (recepcion_)
-                s_.TextOut(7500, y_, Formato(arancel, Patron));
-            s_.TextOut(8700, y_, Formato(costo, Patron));
-            s_.TextOut(9900, y_, Formato(cantidad * costo, Patron));
-            s_.TextAlign = AlineaIzquierda;
-            if (excel_.EnviarExcel) {
-                excel_.AgregaNuevo();
-                excel_.Fija("Cod.Art", art);
-                excel_.Fija("Descrip.Art", des);
-                excel_.Fija("Cantidad", Formato(cantidad, Patron));
-                excel_.Fija("Unidad", und);
-                if (recepcion_)
-                    excel_.Fija("Imp.Arancel", Formato(arancel, Patron));
-                excel_.Fija("Costo Unit.", Formato(costo, Patron));
-                excel_.Fija(QString::fromUtf8("Importe Art."), Formato(cantidad * costo, Patron));
-            }
+                celdas.push_back({7500, true, Formato(arancel, Patron), "Imp.Arancel"});
+            celdas.push_back({8700, true, Formato(costo, Patron), "Costo Unit."});
+            celdas.push_back({9900, true, Formato(cantidad * costo, Patron), "Importe Art."});
+            LineaConHoja(s_, y_, excel_, celdas);
             y_ += 150;
             if (y_ > 14300) {
                 r_.SaltoPagina(EncDocumentos);

@@ -748,55 +748,33 @@ private:
         suma = MedidasCompras{};
     }
 
+    QString M(Moneda m) const { return Formato(m, Patron); }
+
     void ArticuloRequisicion(const Recordset& rs) {
-        const QString art = rs.Campo("COD1_ART").Texto();
-        const QString des = rs.Campo("DES1_ART").Texto().left(50);
-        const QString und = rs.Campo("COD_UND").Texto();
-        const Moneda cantidad = rs.Campo("CAN_ART").Dinero();
-        s_.TextOut(300, y_, art);
-        s_.TextOut(1900, y_, des);
-        s_.TextOut(7400, y_, und);
-        Derecha(7000, cantidad);
-        if (excel_.EnviarExcel) {
-            excel_.AgregaNuevo();
-            excel_.Fija("Cod.Art", art);
-            excel_.Fija("Descrip.Art", des);
-            excel_.Fija("Cantidad", Formato(cantidad, Patron));
-            excel_.Fija("Unidad", und);
-        }
+        LineaConHoja(s_, y_, excel_,
+                     {{300, false, rs.Campo("COD1_ART").Texto(), "Cod.Art"},
+                      {1900, false, rs.Campo("DES1_ART").Texto().left(50), "Descrip.Art"},
+                      {7400, false, rs.Campo("COD_UND").Texto(), "Unidad"},
+                      {7000, true, M(rs.Campo("CAN_ART").Dinero()), "Cantidad"}});
     }
 
     Moneda ArticuloDevolucion(const Recordset& rs) {
-        const QString art = rs.Campo("COD1_ART").Texto();
-        const QString des = rs.Campo("DES1_ART").Texto().left(18);
-        const QString und = rs.Campo("COD_UND").Texto();
         const Moneda cantidad = rs.Campo("CAN_ART").Dinero();
         const Moneda costo = rs.Campo("COS_UNI").Dinero();
         const Moneda importe = cantidad * costo;
-        s_.TextOut(0, y_, art);
-        s_.TextOut(1000, y_, des);
-        s_.TextOut(5100, y_, und);
-        Derecha(7400, cantidad);
-        Derecha(8900, costo);
-        Derecha(10400, importe);
-        if (excel_.EnviarExcel) {
-            excel_.AgregaNuevo();
-            excel_.Fija("Cod.Art", art);
-            excel_.Fija("Descrip.Art", des);
-            excel_.Fija("Unidad", und);
-            excel_.Fija("Cantidad", Formato(cantidad, Patron));
-            excel_.Fija("Costo Unit.", Formato(costo, Patron));
-            excel_.Fija("Importe", Formato(importe, Patron));
-        }
+        LineaConHoja(s_, y_, excel_,
+                     {{0, false, rs.Campo("COD1_ART").Texto(), "Cod.Art"},
+                      {1000, false, rs.Campo("DES1_ART").Texto().left(18), "Descrip.Art"},
+                      {5100, false, rs.Campo("COD_UND").Texto(), "Unidad"},
+                      {7400, true, M(cantidad), "Cantidad"},
+                      {8900, true, M(costo), "Costo Unit."},
+                      {10400, true, M(importe), "Importe"}});
         return importe;
     }
 
     // A quotation, order or receipt line: the six discounts apply one after
     // another, each on the cost the previous ones left, rounded to currency.
     void ArticuloCompra(const Recordset& rs, MedidasCompras& suma) {
-        const QString art = rs.Campo("COD1_ART").Texto();
-        const QString des = rs.Campo("DES1_ART").Texto().left(18);
-        const QString und = rs.Campo("COD_UND").Texto();
         const Moneda cantidad = rs.Campo("CAN_ART").Dinero();
         const Moneda costo = rs.Campo("COS_UNI").Dinero();
         Moneda neto = costo;
@@ -810,30 +788,17 @@ private:
         const Moneda descLinea = cantidad * descuento;
         const Moneda arancel = rs.Campo(d_.arancel).Dinero();
         const Moneda total = cantidad * neto + arancel;
-        const Moneda porArancel = rs.Campo(d_.porArancel).Dinero();
-        s_.TextOut(0, y_, art);
-        s_.TextOut(1000, y_, des);
-        s_.TextOut(2500, y_, und);
-        Derecha(3700, cantidad);
-        Derecha(5000, costo);
-        Derecha(6100, importe);
-        Derecha(7100, descLinea);
-        Derecha(8100, porArancel);
-        Derecha(9300, arancel);
-        Derecha(10500, total);
-        if (excel_.EnviarExcel) {
-            excel_.AgregaNuevo();
-            excel_.Fija("Cod.Art", art);
-            excel_.Fija("Descrip.Art", des);
-            excel_.Fija("Unidad", und);
-            excel_.Fija("Cantidad", Formato(cantidad, Patron));
-            excel_.Fija("Costo Unit.", Formato(costo, Patron));
-            excel_.Fija("Importe", Formato(importe, Patron));
-            excel_.Fija("Descto.", Formato(descLinea, Patron));
-            excel_.Fija("Porc.Arancel", Formato(porArancel, Patron));
-            excel_.Fija("Imp.Arancel", Formato(arancel, Patron));
-            excel_.Fija("Total", Formato(total, Patron));
-        }
+        LineaConHoja(s_, y_, excel_,
+                     {{0, false, rs.Campo("COD1_ART").Texto(), "Cod.Art"},
+                      {1000, false, rs.Campo("DES1_ART").Texto().left(18), "Descrip.Art"},
+                      {2500, false, rs.Campo("COD_UND").Texto(), "Unidad"},
+                      {3700, true, M(cantidad), "Cantidad"},
+                      {5000, true, M(costo), "Costo Unit."},
+                      {6100, true, M(importe), "Importe"},
+                      {7100, true, M(descLinea), "Descto."},
+                      {8100, true, M(rs.Campo(d_.porArancel).Dinero()), "Porc.Arancel"},
+                      {9300, true, M(arancel), "Imp.Arancel"},
+                      {10500, true, M(total), "Total"}});
         suma.Importe += importe;
         suma.Descto += descLinea;
         suma.SubTotal += arancel;

@@ -3,6 +3,7 @@
 #include "core/Formato.h"
 #include "core/modConCompras.h"
 #include "services/Servicios.h"
+#include "surface/Superficie.h"
 
 namespace consultas {
 
@@ -197,6 +198,22 @@ int ExportaCompras::Termina(const QString& base) {
     rs_.reset();
     EnviarExcel = false;
     return filas;
+}
+
+void LineaConHoja(Superficie& s, int y, ExportaCompras& excel,
+                  const std::vector<CeldaLinea>& celdas) {
+    const int alineacion = s.TextAlign;
+    for (const CeldaLinea& c : celdas) {
+        s.TextAlign = c.derecha ? AlineaDerecha : AlineaIzquierda;
+        s.TextOut(c.x, y, c.texto);
+    }
+    s.TextAlign = alineacion;
+    if (!excel.EnviarExcel)
+        return;
+    excel.AgregaNuevo();
+    for (const CeldaLinea& c : celdas)
+        if (c.campo)
+            excel.Fija(QString::fromUtf8(c.campo), c.texto);
 }
 
 RecordsetPtr AbreOrdenado(const ReporteCompras& r, const QString& sql) {

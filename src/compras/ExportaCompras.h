@@ -19,6 +19,8 @@
 
 #include <QDate>
 
+#include <vector>
+
 namespace consultas {
 
 // The empty export recordset of the inquiry in r.Sel.ConsultaActual, with
@@ -50,6 +52,21 @@ public:
 private:
     RecordsetPtr rs_;
 };
+
+// One cell of a printed line: drawn at x, right-aligned when derecha, and
+// set in the line's spreadsheet row under campo when it names one.
+struct CeldaLinea {
+    int x;
+    bool derecha;
+    QString texto;
+    const char* campo = nullptr;
+};
+
+// Draws a line of cells at y with the surface's current font and colour,
+// and, when the spreadsheet is on, adds a row with the cells that name a
+// field. The alignment is left as it was found.
+void LineaConHoja(Superficie& s, int y, ExportaCompras& excel,
+                  const std::vector<CeldaLinea>& celdas);
 
 // Runs a statement and sorts its rows in memory by r.Sel.OrdenSql (stable,
 // column names with optional DESC), leaving nothing on disk.

@@ -1,5 +1,7 @@
 #include "EntornoCompras.h"
 
+#include "compras/EncabezadosCompras.h"
+
 #include "GeneradorDemo.h"
 
 #include <QDir>
@@ -95,6 +97,37 @@ QString PantallaEnPrueba::Refusa(const QString& control, std::optional<int> indi
         return e.mensaje;
     }
     return QString();
+}
+
+void ReporteEnMotor::Prepara(void (*fixtura)(BaseDePrueba&), std::int16_t consulta,
+                             std::int16_t documento) {
+    if (GetParam() == "postgres")
+        REQUIERE_POSTGRES();
+    base = NuevaBase(GetParam());
+    fixtura(*base);
+    consultas::modConCompras::ManejadorBaseDatos = 4;
+    consultas::modConCompras::RutaBaseDeDatos = carpeta.path();
+    ASSERT_TRUE(conexion.Abrir(base->Cadena())) << conexion.UltimoError().toStdString();
+    sel.ConsultaActual = consulta;
+    sel.DocumentoActual = documento;
+    Periodo(QDate(2026, 1, 1), QDate(2026, 1, 31));
+}
+
+void ReporteEnMotor::Periodo(const QDate& d0, const QDate& d1) {
+    sel.FechaIni = consultas::modConCompras::FechaSQL(d0);
+    sel.FechaFin = consultas::modConCompras::FechaSQL(d1);
+    pantalla.Fecha0 = d0;
+    pantalla.Fecha1 = d1;
+}
+
+consultas::Documento ReporteEnMotor::Corre(void (*reporte)(consultas::ReporteCompras&)) {
+    sel.cyDia = sel.cySuc = sel.cyGral = consultas::MedidasCompras{};
+    sel.SucursalAnterior.clear();
+    consultas::ReporteCompras r{sel, pantalla, corrida, conexion};
+    corrida.Encabezado = [&r](int tipo) { consultas::EncabezadoCompras(r, tipo); };
+    consultas::Superficie s;
+    corrida.EjecutarConsulta(s, [&r, reporte] { reporte(r); });
+    return s.Doc();
 }
 
 bool HayTexto(const consultas::Pagina& p, int x, int y, const QString& texto) {

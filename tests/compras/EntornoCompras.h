@@ -2,6 +2,7 @@
 // A demo suite on one engine, the library's shared state pointed at it, and
 // scripted services, for the purchasing screen's tests.
 
+#include "compras/ReportesCompras.h"
 #include "compras/frmConCompras.h"
 #include "core/modConCompras.h"
 #include "services/Servicios.h"
@@ -51,6 +52,26 @@ public:
     std::optional<consultas::Documento> documento; // set when a run finished
     std::unique_ptr<consultas::servicios::ServiciosInstalados> servicios;
     std::unique_ptr<consultas::frmConCompras> pantalla;
+};
+
+// A purchasing report run straight on a small suite that the test builds on
+// one engine (the parameter): the selection and control values are set by
+// the test, the report drawn through the page run.
+class ReporteEnMotor : public ::testing::TestWithParam<QString> {
+protected:
+    // Builds the fixture and opens the library's connection; the period is
+    // January 2026.
+    void Prepara(void (*fixtura)(BaseDePrueba&), std::int16_t consulta, std::int16_t documento);
+    void Periodo(const QDate& d0, const QDate& d1);
+    // Runs a report with the run's accumulators cleared, as the screen does.
+    consultas::Documento Corre(void (*reporte)(consultas::ReporteCompras&));
+
+    std::unique_ptr<BaseDePrueba> base;
+    QTemporaryDir carpeta;
+    consultas::Conexion conexion;
+    consultas::SeleccionCompras sel;
+    consultas::ControlesCompras pantalla;
+    consultas::CorridaPaginas corrida;
 };
 
 // Checks of the drawn items.

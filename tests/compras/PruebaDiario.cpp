@@ -1,6 +1,7 @@
 // The purchase journal on a small suite whose figures are worked by hand,
 // run on every engine through the page run, read back from the document.
 
+#include "EntornoCompras.h"
 #include "GeneradorDemo.h"
 #include "compras/EncabezadosCompras.h"
 #include "compras/ReportesCompras.h"
@@ -49,52 +50,22 @@ void CreaFixtura(pruebas::BaseDePrueba& b) {
               "'S',1,1,'ANA',40,6.4,46.4)");
 }
 
-class Diario : public ::testing::TestWithParam<QString> {
+class Diario : public pruebas::ReporteEnMotor {
 protected:
-    void SetUp() override {
-        if (GetParam() == "postgres")
-            REQUIERE_POSTGRES();
-        base = pruebas::NuevaBase(GetParam());
-        CreaFixtura(*base);
-        modConCompras::ManejadorBaseDatos = 4;
-        modConCompras::RutaBaseDeDatos = carpeta.path();
-        ASSERT_TRUE(conexion.Abrir(base->Cadena())) << conexion.UltimoError().toStdString();
-        sel.ConsultaActual = CompDiario;
-        sel.DocumentoActual = DocCompRecepcion;
-        Periodo(QDate(2026, 1, 1), QDate(2026, 1, 31));
-    }
-    void Periodo(const QDate& d0, const QDate& d1) {
-        sel.FechaIni = modConCompras::FechaSQL(d0);
-        sel.FechaFin = modConCompras::FechaSQL(d1);
-        pantalla.Fecha0 = d0;
-        pantalla.Fecha1 = d1;
-    }
+    void SetUp() override { Prepara(CreaFixtura, CompDiario, DocCompRecepcion); }
     // The texts of the run, all pages, in drawing order.
-    QStringList Corre() {
-        sel.cyDia = sel.cySuc = sel.cyGral = MedidasCompras{};
-        sel.SucursalAnterior.clear();
-        ReporteCompras r{sel, pantalla, corrida, conexion};
-        corrida.Encabezado = [&r](int tipo) { EncabezadoCompras(r, tipo); };
-        Superficie s;
-        corrida.EjecutarConsulta(s, [&r] { ConsultaDiario(r); });
+    QStringList Textos() {
         QStringList textos;
-        for (const auto& p : s.Doc().paginas)
+        for (const auto& p : Corre(ConsultaDiario).paginas)
             for (const auto& e : p.elementos)
                 if (e.tipo == TipoElemento::Texto)
                     textos << e.texto;
         return textos;
     }
-
-    std::unique_ptr<pruebas::BaseDePrueba> base;
-    QTemporaryDir carpeta;
-    Conexion conexion;
-    SeleccionCompras sel;
-    ControlesCompras pantalla;
-    CorridaPaginas corrida;
 };
 
 TEST_P(Diario, RecepcionesConTotalesQueSeArrastran) {
-    const QStringList t = Corre();
+    const QStringList t = Textos();
     // The 12-character folio prints its tail; the rate converts the amounts.
     EXPECT_TRUE(t.contains("CDEFGHIJKL"));
     EXPECT_FALSE(t.contains("ABCDEFGHIJKL"));
@@ -114,7 +85,7 @@ TEST_P(Diario, UnSoloDiaNoLlevaTotalesDeDia) {
     Periodo(QDate(2026, 1, 6), QDate(2026, 1, 6));
     for (bool global : {false, true}) {
         pantalla.Global = global;
-        const QStringList t = Corre();
+        const QStringList t = Textos();
         EXPECT_FALSE(t.join("|").contains("TOTAL 06/ene/2026"));
         EXPECT_EQ(t.value(t.indexOf("TOTALES") + 7), "107.00");
         EXPECT_EQ(t.contains("R3"), !global);
@@ -123,7 +94,7 @@ TEST_P(Diario, UnSoloDiaNoLlevaTotalesDeDia) {
 
 TEST_P(Diario, SinFilasSoloTituloYTotalesEnCero) {
     Periodo(QDate(2025, 1, 1), QDate(2025, 1, 31));
-    const QStringList t = Corre();
+    const QStringList t = Textos();
     EXPECT_TRUE(t.contains("Del : 01/ene/2025   Al :  31/ene/2025"));
     EXPECT_FALSE(t.join("|").contains("TOTAL EN"));
     EXPECT_EQ(t.mid(t.indexOf("TOTALES") + 1, 7),
@@ -133,7 +104,7 @@ TEST_P(Diario, SinFilasSoloTituloYTotalesEnCero) {
 TEST_P(Diario, DevolucionesComoEstanConDetalle) {
     sel.DocumentoActual = DocCompDevolucion;
     sel.Detallado = true;
-    const QStringList t = Corre();
+    const QStringList t = Textos();
     EXPECT_TRUE(t.contains("D1"));
     EXPECT_TRUE(t.contains("SUR"));
     EXPECT_EQ(t.mid(t.indexOf("TOTALES") + 1, 3), QStringList({"40.00", "6.40", "46.40"}));
@@ -144,7 +115,7 @@ TEST_P(Diario, ProveedorElegidoQuitaLaRegion) {
     pantalla.Ciudad = "GUADALAJARA";
     pantalla.CodCiudad = "GDL";
     sel.CodProv = "P1";
-    const QStringList t = Corre();
+    const QStringList t = Textos();
     EXPECT_FALSE(sel.SqlConsulta.contains("COD_CID"));
     EXPECT_TRUE(sel.SqlConsulta.contains(" (tblComprasEnc.COD_PROV ='P1') AND"));
     EXPECT_TRUE(t.contains("Proveedor:       PROVEEDOR UNO"));
@@ -181,7 +152,7 @@ TEST_P(Diario, HojaConFoliosEnterosYTotales) {
     f.exportaExcel = [&hoja] { return std::make_unique<ExportaEnMemoria>(hoja); };
     servicios::ServiciosInstalados instalados(f);
     pantalla.Excel = true;
-    Corre();
+    Textos();
     EXPECT_EQ(hoja.nombre, QString::fromUtf8("DiarioCompras_Recepción") +
                                FormatoFecha(QDate::currentDate(), "DDMMYYYY"));
     // The folio goes whole, not by its tail as on the page.

@@ -2,6 +2,7 @@
 // run on every engine through the page run and read back from the document
 // and from the spreadsheet file.
 
+#include "EntornoCompras.h"
 #include "GeneradorDemo.h"
 #include "compras/EncabezadosCompras.h"
 #include "compras/ExportaCompras.h"
@@ -98,26 +99,9 @@ struct Texto {
     Color color;
 };
 
-class Relacion : public ::testing::TestWithParam<QString> {
+class Relacion : public pruebas::ReporteEnMotor {
 protected:
-    void SetUp() override {
-        if (GetParam() == "postgres")
-            REQUIERE_POSTGRES();
-        base = pruebas::NuevaBase(GetParam());
-        CreaFixtura(*base);
-        modConCompras::ManejadorBaseDatos = 4;
-        modConCompras::RutaBaseDeDatos = carpeta.path();
-        ASSERT_TRUE(conexion.Abrir(base->Cadena())) << conexion.UltimoError().toStdString();
-        sel.ConsultaActual = CompRelacion;
-        sel.DocumentoActual = DocCompCotizacion;
-        Periodo(QDate(2026, 1, 1), QDate(2026, 1, 31));
-    }
-    void Periodo(const QDate& d0, const QDate& d1) {
-        sel.FechaIni = modConCompras::FechaSQL(d0);
-        sel.FechaFin = modConCompras::FechaSQL(d1);
-        pantalla.Fecha0 = d0;
-        pantalla.Fecha1 = d1;
-    }
+    void SetUp() override { Prepara(CreaFixtura, CompRelacion, DocCompCotizacion); }
     void Grupos() {
         sel.HayGrupos = true;
         sel.ListaAgrProv = "10,20,21,30";
@@ -125,15 +109,10 @@ protected:
                             "tblGpoAgrProveedor.COD_GPO,DES_GPO,";
     }
     // The texts of the run, all pages, in drawing order.
-    std::vector<Texto> Corre() {
-        sel.cyGral = MedidasCompras{};
-        sel.SucursalAnterior.clear();
-        ReporteCompras r{sel, pantalla, corrida, conexion};
-        corrida.Encabezado = [&r](int tipo) { EncabezadoCompras(r, tipo); };
-        Superficie s;
-        corrida.EjecutarConsulta(s, [&r] { ConsultaRelacion(r, r.Sel.HayGrupos); });
+    std::vector<Texto> Textos() {
+        const Documento d = Corre([](ReporteCompras& r) { ConsultaRelacion(r, r.Sel.HayGrupos); });
         std::vector<Texto> textos;
-        for (const auto& p : s.Doc().paginas)
+        for (const auto& p : d.paginas)
             for (const auto& e : p.elementos)
                 if (e.tipo == TipoElemento::Texto)
                     textos.push_back({e.x, e.y, e.texto, e.estado.ForeColor});
@@ -160,18 +139,11 @@ protected:
             }
         return linea;
     }
-
-    std::unique_ptr<pruebas::BaseDePrueba> base;
-    QTemporaryDir carpeta;
-    Conexion conexion;
-    SeleccionCompras sel;
-    ControlesCompras pantalla;
-    CorridaPaginas corrida;
 };
 
 TEST_P(Relacion, TotalEnMonedaBaseRedondeadoPorDocumento) {
     pantalla.Global = true;
-    const std::vector<Texto> t = Corre();
+    const std::vector<Texto> t = Textos();
     const QStringList l = Solo(t);
     // No status box ticked: every status, and the title says so.
     EXPECT_TRUE(l.contains("Estatus: TODOS"));
@@ -198,7 +170,7 @@ TEST_P(Relacion, TotalEnMonedaBaseRedondeadoPorDocumento) {
 
 TEST_P(Relacion, GruposArrastranTotalesNoPositivosYRepitenProveedores) {
     Grupos();
-    const QStringList l = Solo(Corre());
+    const QStringList l = Solo(Textos());
     // Quotations join the branches only in this form.
     EXPECT_TRUE(sel.SqlConsulta.contains("LEFT JOIN tblSucursales"));
     EXPECT_EQ(sel.OrdenSql, "COD_GPO,COD_AGR,FEC_COTI,FOL_COTI");
@@ -222,7 +194,7 @@ TEST_P(Relacion, GruposArrastranTotalesNoPositivosYRepitenProveedores) {
 TEST_P(Relacion, RenglonesConDescuentosEnCascada) {
     Periodo(QDate(2026, 1, 5), QDate(2026, 1, 5));
     sel.Detallado = true;
-    const std::vector<Texto> t = Corre();
+    const std::vector<Texto> t = Textos();
     // 100.01 less six discounts of 10%, each on what the last left, at four
     // decimals: 10.001, 9.0009, 8.1008, 7.2907, 6.5617, 5.9055 -> 53.1494.
     // Three pieces: 300.03, discount 140.5818, net 159.4482 + duty 2.
@@ -246,7 +218,7 @@ TEST_P(Relacion, RenglonesConDescuentosEnCascada) {
 TEST_P(Relacion, ResumidoConImpuestosYArancelDeLosRenglones) {
     sel.DocumentoActual = DocCompRecepcion;
     pantalla.Resumido = true;
-    const std::vector<Texto> t = Corre();
+    const std::vector<Texto> t = Textos();
     const QStringList l = Solo(t);
     // The folio and the reference print their last ten characters.
     EXPECT_TRUE(l.contains("0000000001"));
@@ -271,7 +243,7 @@ TEST_P(Relacion, CentroDeCostoYEstatus) {
     sel.DocumentoActual = DocCompRecepcion;
     sel.CodCCos = "5";
     sel.EstActivos = 1;
-    QStringList l = Solo(Corre());
+    QStringList l = Solo(Textos());
     EXPECT_TRUE(sel.SqlConsulta.contains(" (COD_CPRE IN(50,51)) AND (COD_ESTATUS=4 OR "
                                          "COD_ESTATUS=1)"));
     EXPECT_TRUE(l.contains("0000000001"));
@@ -279,7 +251,7 @@ TEST_P(Relacion, CentroDeCostoYEstatus) {
 
     // A centre without budget concepts ends after the period line.
     sel.CodCCos = "6";
-    l = Solo(Corre());
+    l = Solo(Textos());
     EXPECT_EQ(l.last(), "Del : 01/ene/2026   Al :  31/ene/2026");
     EXPECT_FALSE(l.join('|').contains("Estatus"));
 
@@ -288,17 +260,17 @@ TEST_P(Relacion, CentroDeCostoYEstatus) {
     sel.DocumentoActual = DocCompOrdenCompra;
     sel.EstCancelados = sel.EstSurtidos = 1;
     sel.EstActivos = 0;
-    l = Solo(Corre());
+    l = Solo(Textos());
     EXPECT_TRUE(sel.SqlConsulta.endsWith(" AND (COD_ESTATUS=5 OR COD_ESTATUS=3)"));
     EXPECT_TRUE(l.contains("Estatus: CANCELADO"));
 
     // All three ticked is no condition at all; Remisión is always status 7,
     // with no status line.
     sel.EstActivos = 1;
-    Corre();
+    Textos();
     EXPECT_FALSE(sel.SqlConsulta.contains("COD_ESTATUS="));
     sel.DocumentoActual = DocCompRemision;
-    l = Solo(Corre());
+    l = Solo(Textos());
     EXPECT_TRUE(sel.SqlConsulta.endsWith(" AND (COD_ESTATUS=7)"));
     EXPECT_FALSE(l.join('|').contains("Estatus"));
 }
@@ -310,7 +282,7 @@ TEST_P(Relacion, HojaLeidaDelArchivo) {
     pantalla.Excel = true;
     sel.DocumentoActual = DocCompRecepcion;
     sel.Detallado = true;
-    Corre();
+    Textos();
     const QString archivo = carpeta.filePath(
         "Temp/" + NombreExcel(QString::fromUtf8("RelaciónDocumentos_Recepción")) + ".xlsx");
     ASSERT_TRUE(QFile::exists(archivo)) << archivo.toStdString();
