@@ -128,6 +128,14 @@ public:
         while (n_ % 4)
             *Lugar(1) = '\0';
     }
+    // Room for n bytes at the end, to be filled by the caller.
+    char* Lugar(qsizetype n) {
+        if (n_ + n > b_.size())
+            b_.resize(std::max(b_.size() * 2, n_ + n));
+        char* p = b_.data() + n_;
+        n_ += n;
+        return p;
+    }
     qsizetype Tamano() const { return n_; }
     std::uint32_t Registros() const { return registros_; }
     // The bytes written; the writer is spent.
@@ -137,14 +145,6 @@ public:
     }
 
 private:
-    char* Lugar(qsizetype n) {
-        if (n_ + n > b_.size())
-            b_.resize(std::max(b_.size() * 2, n_ + n));
-        char* p = b_.data() + n_;
-        n_ += n;
-        return p;
-    }
-
     QByteArray b_;
     qsizetype n_ = 0;
     std::uint32_t registros_ = 0;
@@ -298,8 +298,7 @@ void EscribeTexto(Escritor& w, int x, int y, const QString& texto, Avances& avan
     for (int v : {0, 0, -1, -1})
         w.I32(v);
     w.U32(offDx);
-    for (QChar c : texto)
-        w.U16(c.unicode());
+    qToLittleEndian<char16_t>(texto.constData(), texto.size(), w.Lugar(2 * texto.size()));
     w.Rellena();
     // Rounded from the running sum, so the rounding does not add up along a
     // long text.
@@ -450,6 +449,12 @@ public:
         if (pos < 0 || pos >= n_)
             Falla(QStringLiteral("archivo truncado"));
         return p_[pos];
+    }
+    // `n` UTF-16 code units from `pos`, which the caller has bounded.
+    void Utf16(qsizetype pos, qsizetype n, QChar* destino) const {
+        if (pos < 0 || pos + 2 * n > n_)
+            Falla(QStringLiteral("archivo truncado"));
+        qFromLittleEndian<char16_t>(p_ + pos, n, destino);
     }
 
 private:
@@ -602,9 +607,7 @@ Pagina DecodificaEmf(const QByteArray& datos, const QString& origen) {
             if (off < 76 || off > tamano || n > (tamano - off) / 2)
                 r.Falla(QStringLiteral("texto fuera de su registro en el byte %1").arg(p));
             QString texto(static_cast<qsizetype>(n), Qt::Uninitialized);
-            QChar* letra = texto.data();
-            for (std::uint32_t i = 0; i < n; ++i)
-                letra[i] = QChar(r.U16(p + off + 2 * i));
+            r.Utf16(p + off, static_cast<qsizetype>(n), texto.data());
             EstadoDibujo e;
             e.FontFace = fuente->face;
             e.FontSize = fuente->size;
