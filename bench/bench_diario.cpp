@@ -2,8 +2,11 @@
 // receipts, over a demo suite, driven as the batch host drives it (the real
 // screen offscreen, the settings applied as a user would, F10) to a finished
 // document and a PDF.
-//   bench_diario SUITE [DESDE HASTA]     dates YYYY-MM-DD; the whole demo
-//                                        period 2025-01-02..2026-11-30 by default
+//   bench_diario SUITE [DESDE HASTA [CONEXION]]
+// Dates are YYYY-MM-DD, the whole demo period 2025-01-02..2026-11-30 by
+// default. CONEXION is the database when it is not SUITE/suite.db, such as
+// the demo loaded into PostgreSQL; SUITE still gives the settings and the
+// work folder.
 // Prints the wall time of the first pass (the walk, drawing and page files),
 // of the numbering pass and of the PDF; the engine's time for the statements
 // of the run, from the statement log; their ratio; and the resident memory
@@ -172,12 +175,13 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(FiltraMensajesQt);
     QApplication app(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "uso: bench_diario SUITE [DESDE HASTA]\n");
+        std::fprintf(stderr, "uso: bench_diario SUITE [DESDE HASTA [CONEXION]]\n");
         return 2;
     }
     const QString suite = QDir(argv[1]).absolutePath();
     const QString desde = argc > 3 ? argv[2] : "2025-01-02";
     const QString hasta = argc > 3 ? argv[3] : "2026-11-30";
+    const QString cadena = argc > 4 ? QString(argv[4]) : suite + "/suite.db";
     QTemporaryDir temporal;
     const QString rutaBitacora = temporal.filePath("bitacora.tsv");
     const QString rutaPdf = temporal.filePath("diario.pdf");
@@ -185,8 +189,8 @@ int main(int argc, char** argv) {
     auto guion = std::make_shared<servicios::GuionServicios>();
     servicios::ServiciosInstalados instalados(servicios::FabricasLote(guion));
     clsConsultaCompras clase;
-    if (!clase.PreparaConsulta(suite + "/suite.db", 4, 1, QString(), suite)) {
-        std::fprintf(stderr, "bench_diario: no se abrió la suite %s\n", qPrintable(suite));
+    if (!clase.PreparaConsulta(cadena, 4, 1, QString(), suite)) {
+        std::fprintf(stderr, "bench_diario: no se abrió la base %s\n", qPrintable(cadena));
         return 1;
     }
 
