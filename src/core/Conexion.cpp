@@ -146,22 +146,38 @@ QString& RutaBitacora() {
     return ruta;
 }
 
+// The log stays open from one statement to the next: a report that sends a
+// statement per document would otherwise open and close it tens of thousands
+// of times, and that time would show in the run as time outside the engine.
+QFile& ArchivoBitacora() {
+    static QFile archivo;
+    return archivo;
+}
+
 // One line per statement: milliseconds to execute, milliseconds spent
-// fetching its rows, rows fetched (-1 when it failed), the statement.
+// fetching its rows, rows fetched (-1 when it failed), the statement. Each
+// line is flushed as it is written, so the log can be followed during a run.
 void AnotaEnBitacora(const QString& sql, double msEjecucion, double msLectura, qint64 filas) {
     QMutexLocker candado(&bitacoraMutex);
     const QString& ruta = RutaBitacora();
     if (ruta.isEmpty())
         return;
-    QFile f(ruta);
-    if (!f.open(QIODevice::Append | QIODevice::Text))
-        return;
+    QFile& f = ArchivoBitacora();
+    if (f.isOpen() && f.fileName() != ruta)
+        f.close();
+    if (!f.isOpen()) {
+        f.setFileName(ruta);
+        if (!f.open(QIODevice::Append | QIODevice::Text))
+            return;
+    }
     QString linea = QString("%1\t%2\t%3\t%4\n")
                         .arg(msEjecucion, 0, 'f', 3)
                         .arg(msLectura, 0, 'f', 3)
                         .arg(filas)
                         .arg(QString(sql).replace('\n', ' ').replace('\r', ' '));
-    f.write(linea.toUtf8());
+    // A failed write closes the file; the next line tries to open it again.
+    if (f.write(linea.toUtf8()) < 0 || !f.flush())
+        f.close();
 }
 
 bool EsNumerico(const QVariant& v) {
@@ -793,6 +809,9 @@ RecordsetPtr Conexion::Abre(const QString& sql) {
 void Conexion::FijaBitacora(const QString& ruta) {
     QMutexLocker candado(&bitacoraMutex);
     RutaBitacora() = ruta;
+    // The log set aside is complete on disk once this returns.
+    if (ArchivoBitacora().isOpen() && ArchivoBitacora().fileName() != ruta)
+        ArchivoBitacora().close();
 }
 
 QString Conexion::Bitacora() {

@@ -1,6 +1,10 @@
 #include "core/Formato.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace consultas {
 namespace {
@@ -30,45 +34,71 @@ Patron LeePatron(const QString& patron) {
     return p;
 }
 
+// A report formats every amount of every row with the same one or two
+// patterns, so the last one read is kept.
+const Patron& PatronDe(const QString& patron) {
+    thread_local QString ultimo;
+    thread_local Patron leido;
+    if (ultimo.isNull() || ultimo != patron) {
+        leido = LeePatron(patron);
+        ultimo = patron;
+    }
+    return leido;
+}
+
 // Writes a non-negative scaled integer (value * 10^escala) with the pattern.
+// The text is assembled in place: a report writes millions of amounts.
 QString Escribe(bool negativo, quint64 escalado, int escala, const Patron& p) {
     quint64 potencia = 1;
     for (int i = 0; i < escala; ++i)
         potencia *= 10;
     const quint64 entero = escalado / potencia;
-    const quint64 frac = escalado % potencia;
+    quint64 frac = escalado % potencia;
 
-    QString digitos = entero == 0 ? QString() : QString::number(entero);
-    while (digitos.size() < p.minEnteros)
-        digitos.prepend('0');
-    if (p.miles && digitos.size() > 3) {
-        QString agrupado;
-        const int n = digitos.size();
-        for (int i = 0; i < n; ++i) {
-            if (i > 0 && (n - i) % 3 == 0)
-                agrupado += ',';
-            agrupado += digitos[i];
-        }
-        digitos = agrupado;
+    // The integer digits, least significant first.
+    char enteroInv[20];
+    int nEntero = 0;
+    for (quint64 e = entero; e != 0; e /= 10)
+        enteroInv[nEntero++] = static_cast<char>('0' + e % 10);
+    const int nDigitos = std::max(nEntero, p.minEnteros);
+    const int nComas = p.miles && nDigitos > 3 ? (nDigitos - 1) / 3 : 0;
+
+    // The decimals, padded to the scale, then the optional zeros dropped.
+    QVarLengthArray<char, 24> decimales(std::max(escala, 0));
+    for (int i = escala - 1; i >= 0; --i) {
+        decimales[i] = static_cast<char>('0' + frac % 10);
+        frac /= 10;
     }
-    QString decimales;
-    if (escala > 0) {
-        decimales = QString("%1").arg(frac, escala, 10, QChar('0'));
-        while (decimales.size() > p.decimalesFijos && decimales.endsWith('0'))
-            decimales.chop(1);
+    int nDecimales = escala > 0 ? escala : 0;
+    while (nDecimales > p.decimalesFijos && decimales[nDecimales - 1] == '0')
+        --nDecimales;
+
+    const bool signo = negativo && escalado != 0;
+    const qsizetype largo =
+        (signo ? 1 : 0) + nDigitos + nComas + (nDecimales > 0 ? 1 + nDecimales : 0);
+    QString r(largo, Qt::Uninitialized);
+    QChar* c = r.data();
+    if (signo)
+        *c++ = QLatin1Char('-');
+    for (int i = 0; i < nDigitos; ++i) {
+        const int desdeLaDerecha = nDigitos - i; // digits left, this one included
+        if (i > 0 && nComas > 0 && desdeLaDerecha % 3 == 0)
+            *c++ = QLatin1Char(',');
+        const int k = desdeLaDerecha - 1;
+        *c++ = QLatin1Char(k < nEntero ? enteroInv[k] : '0');
     }
-    QString r = digitos;
-    if (!decimales.isEmpty())
-        r += '.' + decimales;
-    if (negativo && escalado != 0)
-        r.prepend('-');
+    if (nDecimales > 0) {
+        *c++ = QLatin1Char('.');
+        for (int i = 0; i < nDecimales; ++i)
+            *c++ = QLatin1Char(decimales[i]);
+    }
     return r;
 }
 
 } // namespace
 
 QString Formato(Moneda valor, const QString& patron) {
-    const Patron p = LeePatron(patron);
+    const Patron& p = PatronDe(patron);
     const int escala = p.decimalesFijos + p.decimalesOpcionales;
     const std::int64_t d = valor.Diezmilesimos();
     const bool negativo = d < 0;
@@ -91,7 +121,7 @@ QString Formato(Moneda valor, const QString& patron) {
 QString Formato(double valor, const QString& patron) {
     if (!std::isfinite(valor))
         return QString();
-    const Patron p = LeePatron(patron);
+    const Patron& p = PatronDe(patron);
     const int escala = std::min(p.decimalesFijos + p.decimalesOpcionales, 10);
     const bool negativo = valor < 0;
     // The decimal text of the value decides the half (1.005 is written so,
@@ -99,20 +129,35 @@ QString Formato(double valor, const QString& patron) {
     // once the text itself is exact to 15 significant digits.
     const int enteros = static_cast<int>(std::log10(std::fabs(valor) + 1)) + 1;
     const QString txt = QString::number(std::fabs(valor), 'f', std::max(escala + 1, 15 - enteros));
-    const int punto = txt.indexOf('.');
-    const QString ent = punto < 0 ? txt : txt.left(punto);
-    QString frac = punto < 0 ? QString() : txt.mid(punto + 1);
-    frac = (frac + QString(escala + 1, '0')).left(escala + 1);
-    quint64 a = ent.toULongLong();
+    const QChar* t = txt.constData();
+    const qsizetype n = txt.size();
+    qsizetype punto = 0;
+    while (punto < n && t[punto] != QLatin1Char('.'))
+        ++punto;
+    // The integer part; past the range of 64 bits it reads as zero.
+    quint64 a = 0;
+    for (qsizetype i = 0; i < punto; ++i) {
+        const quint64 digito = static_cast<quint64>(t[i].unicode() - '0');
+        if (a > (std::numeric_limits<quint64>::max() - digito) / 10) {
+            a = 0;
+            break;
+        }
+        a = a * 10 + digito;
+    }
+    // Decimal i of the text, zero past its end.
+    const auto decimal = [&](int i) -> quint64 {
+        const qsizetype k = punto + 1 + i;
+        return k < n ? static_cast<quint64>(t[k].unicode() - '0') : 0;
+    };
     for (int i = 0; i < escala; ++i)
-        a = a * 10 + static_cast<quint64>(frac.at(i).digitValue());
-    if (frac.at(escala).digitValue() >= 5)
+        a = a * 10 + decimal(i);
+    if (decimal(escala) >= 5)
         ++a;
     return Escribe(negativo, a, escala, p);
 }
 
 QString Formato(qint64 valor, const QString& patron) {
-    const Patron p = LeePatron(patron);
+    const Patron& p = PatronDe(patron);
     const int escala = p.decimalesFijos + p.decimalesOpcionales;
     const bool negativo = valor < 0;
     quint64 a = negativo ? static_cast<quint64>(-(valor + 1)) + 1 : static_cast<quint64>(valor);

@@ -9,6 +9,8 @@
 #include <QHash>
 #include <QtEndian>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <map>
@@ -97,26 +99,22 @@ Fuente FuenteDe(const EstadoDibujo& e) {
     return {e.FontFace, e.FontSize, e.FontBold, e.TextEmphasis};
 }
 
+// Writes the records in place into a buffer that grows as needed: a page
+// of the journal is some hundreds of records, and a long report writes
+// thousands of pages.
 class Escritor {
 public:
-    Escritor() { b_.reserve(8192); }
+    Escritor() { b_.resize(64 * 1024); }
 
-    void U32(std::uint32_t v) {
-        char c[4];
-        qToLittleEndian(v, c);
-        b_.append(c, 4);
-    }
+    void U32(std::uint32_t v) { qToLittleEndian(v, Lugar(4)); }
     void I32(std::int32_t v) { U32(static_cast<std::uint32_t>(v)); }
-    void U16(std::uint16_t v) {
-        char c[2];
-        qToLittleEndian(v, c);
-        b_.append(c, 2);
-    }
+    void U16(std::uint16_t v) { qToLittleEndian(v, Lugar(2)); }
     void F32(float f) {
         std::uint32_t v;
         std::memcpy(&v, &f, 4);
         U32(v);
     }
+    void Datos(const char* d, qsizetype n) { std::memcpy(Lugar(n), d, static_cast<size_t>(n)); }
     void Registro(std::uint32_t tipo, std::uint32_t tamano) {
         U32(tipo);
         U32(tamano);
@@ -127,14 +125,28 @@ public:
         U32(valor);
     }
     void Rellena() {
-        while (b_.size() % 4)
-            b_.append('\0');
+        while (n_ % 4)
+            *Lugar(1) = '\0';
     }
-    QByteArray& Bytes() { return b_; }
+    // Room for n bytes at the end, to be filled by the caller.
+    char* Lugar(qsizetype n) {
+        if (n_ + n > b_.size())
+            b_.resize(std::max(b_.size() * 2, n_ + n));
+        char* p = b_.data() + n_;
+        n_ += n;
+        return p;
+    }
+    qsizetype Tamano() const { return n_; }
     std::uint32_t Registros() const { return registros_; }
+    // The bytes written; the writer is spent.
+    QByteArray Toma() {
+        b_.truncate(n_);
+        return std::move(b_);
+    }
 
 private:
     QByteArray b_;
+    qsizetype n_ = 0;
     std::uint32_t registros_ = 0;
 };
 
@@ -183,7 +195,7 @@ void EscribeFuente(Escritor& w, std::uint32_t slot, const Fuente& f) {
     // italic, underline, strike-out, charset (default), out precision,
     // clip precision, quality, pitch and family
     const char bytes[8] = {char(f.italic ? 1 : 0), 0, 0, 1, 0, 0, 0, 0};
-    w.Bytes().append(bytes, 8);
+    w.Datos(bytes, 8);
     const QString nombre = NombreFuente(f.face).left(CaracteresNombreFuente - 1);
     for (int i = 0; i < CaracteresNombreFuente; ++i)
         w.U16(i < nombre.size() ? nombre.at(i).unicode() : 0);
@@ -219,6 +231,14 @@ public:
     double De(char16_t c) {
         if (!medidas_)
             return alto_ * 0.55;
+        // Reports write Latin-1 text almost always: those advances sit in a
+        // table, the rest in a hash.
+        if (c < latin1_.size()) {
+            double& a = latin1_[c];
+            if (a < 0)
+                a = medidas_->horizontalAdvance(QChar(c));
+            return a;
+        }
         auto it = cache_.constFind(c);
         if (it == cache_.cend())
             it = cache_.insert(c, medidas_->horizontalAdvance(QChar(c)));
@@ -227,8 +247,15 @@ public:
 
 private:
     std::optional<QFontMetricsF> medidas_;
+    std::array<double, 256> latin1_ = MedidasPorLeer();
     QHash<char16_t, double> cache_;
     int alto_ = 160;
+
+    static std::array<double, 256> MedidasPorLeer() {
+        std::array<double, 256> a;
+        a.fill(-1);
+        return a;
+    }
 };
 
 using TablaAvances = std::map<std::tuple<int, int, bool, bool>, Avances>;
@@ -252,7 +279,7 @@ Avances& AvancesDe(const Fuente& f) {
     return it->second;
 }
 
-void EscribeTexto(Escritor& w, int x, int y, const QString& texto, const Fuente& f) {
+void EscribeTexto(Escritor& w, int x, int y, const QString& texto, Avances& avances) {
     const std::uint32_t n = static_cast<std::uint32_t>(texto.size());
     const std::uint32_t bytesTexto = ((n * 2 + 3) / 4) * 4;
     const std::uint32_t offDx = 76 + bytesTexto;
@@ -271,12 +298,10 @@ void EscribeTexto(Escritor& w, int x, int y, const QString& texto, const Fuente&
     for (int v : {0, 0, -1, -1})
         w.I32(v);
     w.U32(offDx);
-    for (QChar c : texto)
-        w.U16(c.unicode());
+    qToLittleEndian<char16_t>(texto.constData(), texto.size(), w.Lugar(2 * texto.size()));
     w.Rellena();
     // Rounded from the running sum, so the rounding does not add up along a
     // long text.
-    Avances& avances = AvancesDe(f);
     double suma = 0;
     long anterior = 0;
     for (QChar c : texto) {
@@ -296,6 +321,7 @@ QByteArray CodificaEmf(const Pagina& pagina) {
     w.Simple(EMR_SETBKMODE, TRANSPARENT);
 
     std::optional<Fuente> fuente;
+    Avances* avances = nullptr; // of the font selected
     int slotFuente = 0;
     std::optional<Color> colorTexto;
     std::optional<std::uint32_t> alinea;
@@ -318,6 +344,7 @@ QByteArray CodificaEmf(const Pagina& pagina) {
                     w.Simple(EMR_DELETEOBJECT, SlotFuente[slotFuente]);
                 slotFuente = nuevo;
                 fuente = f;
+                avances = &AvancesDe(f);
             }
             if (colorTexto != e.estado.ForeColor) {
                 w.Simple(EMR_SETTEXTCOLOR, e.estado.ForeColor.Entero());
@@ -328,7 +355,7 @@ QByteArray CodificaEmf(const Pagina& pagina) {
                 w.Simple(EMR_SETTEXTALIGN, a);
                 alinea = a;
             }
-            EscribeTexto(w, e.x + MargenHoja, e.y + MargenHoja, e.texto, f);
+            EscribeTexto(w, e.x + MargenHoja, e.y + MargenHoja, e.texto, *avances);
             break;
         }
         case TipoElemento::Linea: {
@@ -385,10 +412,12 @@ QByteArray CodificaEmf(const Pagina& pagina) {
     w.U32(16);
     w.U32(20);
 
-    QByteArray& b = w.Bytes();
-    qToLittleEndian(static_cast<std::uint32_t>(b.size()), b.data() + 48);
-    qToLittleEndian(w.Registros(), b.data() + 52);
-    return std::move(b);
+    const auto tamano = static_cast<std::uint32_t>(w.Tamano());
+    const std::uint32_t registros = w.Registros();
+    QByteArray b = w.Toma();
+    qToLittleEndian(tamano, b.data() + 48);
+    qToLittleEndian(registros, b.data() + 52);
+    return b;
 }
 
 namespace {
@@ -420,6 +449,12 @@ public:
         if (pos < 0 || pos >= n_)
             Falla(QStringLiteral("archivo truncado"));
         return p_[pos];
+    }
+    // `n` UTF-16 code units from `pos`, which the caller has bounded.
+    void Utf16(qsizetype pos, qsizetype n, QChar* destino) const {
+        if (pos < 0 || pos + 2 * n > n_)
+            Falla(QStringLiteral("archivo truncado"));
+        qFromLittleEndian<char16_t>(p_ + pos, n, destino);
     }
 
 private:
@@ -572,8 +607,7 @@ Pagina DecodificaEmf(const QByteArray& datos, const QString& origen) {
             if (off < 76 || off > tamano || n > (tamano - off) / 2)
                 r.Falla(QStringLiteral("texto fuera de su registro en el byte %1").arg(p));
             QString texto(static_cast<qsizetype>(n), Qt::Uninitialized);
-            for (std::uint32_t i = 0; i < n; ++i)
-                texto[i] = QChar(r.U16(p + off + 2 * i));
+            r.Utf16(p + off, static_cast<qsizetype>(n), texto.data());
             EstadoDibujo e;
             e.FontFace = fuente->face;
             e.FontSize = fuente->size;

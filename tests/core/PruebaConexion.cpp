@@ -2,6 +2,9 @@
 #include "core/Conexion.h"
 #include "soporte/Soporte.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 using namespace consultas;
@@ -130,6 +133,47 @@ TEST_P(ConexionEnMotor, RecordsetsAnidados) {
         EXPECT_EQ(interno->Campo("N").Entero(), ++vistos);
     }
     EXPECT_EQ(vistos, 4);
+}
+
+// The statement log: one line per statement in the file in force when the
+// statement ends, with the rows read (-1 for a failure); a log set aside is
+// whole on disk at once, and taking it up again appends to it.
+TEST_P(ConexionEnMotor, BitacoraDeSentencias) {
+    struct Restaura {
+        QString anterior = Conexion::Bitacora();
+        ~Restaura() { Conexion::FijaBitacora(anterior); }
+    } restaura;
+    QTemporaryDir dir;
+    const QString a = dir.filePath("a.tsv"), b = dir.filePath("b.tsv");
+    auto lineas = [](const QString& ruta) {
+        QFile f(ruta);
+        return f.open(QIODevice::ReadOnly | QIODevice::Text)
+                   ? QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts)
+                   : QStringList();
+    };
+    const QString todas = "SELECT COD_PROV FROM tblPrueba ORDER BY COD_PROV";
+    const QString una = "SELECT NOM_PROV FROM tblPrueba WHERE COD_PROV=1";
+
+    Conexion::FijaBitacora(a);
+    for (auto rs = con.Abre(todas); !rs->Eof(); rs->MoveNext()) {
+    }
+    EXPECT_THROW(con.Abre("SELECT NO_HAY FROM tblPrueba"), ErrorConsulta);
+    Conexion::FijaBitacora(b);
+    con.Abre(una);
+    const QStringList enA = lineas(a);
+    Conexion::FijaBitacora(QString());
+    con.Abre(una);
+    ASSERT_EQ(enA.size(), 2);
+    EXPECT_EQ(enA[0].split('\t').mid(2), (QStringList{"4", todas}));
+    EXPECT_EQ(enA[1].split('\t').mid(2), (QStringList{"-1", "SELECT NO_HAY FROM tblPrueba"}));
+    const QStringList enB = lineas(b);
+    ASSERT_EQ(enB.size(), 1);
+    EXPECT_EQ(enB[0].split('\t').mid(2), (QStringList{"1", una}));
+
+    Conexion::FijaBitacora(a);
+    con.Abre(una);
+    Conexion::FijaBitacora(QString());
+    EXPECT_EQ(lineas(a).size(), 3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, ConexionEnMotor, ::testing::Values("sqlite", "postgres"),

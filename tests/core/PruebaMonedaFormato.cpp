@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace consultas;
 
 TEST(Moneda, ConversionDeDobleRedondeaMitadAPar) {
@@ -53,6 +55,40 @@ TEST(Formato, NumerosRedondeanMitadLejosDeCero) {
     EXPECT_EQ(Formato(123, "0#"), "123");
     EXPECT_EQ(Formato(0, "0#"), "00");
     EXPECT_EQ(Formato(16.0, "#,##0.00"), "16.00");
+}
+
+// Amounts are written digit by digit: the thousands separators, the zeros a
+// pattern asks for and the optional decimals at every boundary.
+TEST(Formato, GruposCerosYDecimalesOpcionales) {
+    EXPECT_EQ(Formato(999.0, "#,##0.00"), "999.00");
+    EXPECT_EQ(Formato(1000.0, "#,##0.00"), "1,000.00");
+    EXPECT_EQ(Formato(-100000.0, "#,##0.00"), "-100,000.00");
+    EXPECT_EQ(Formato(0.5, "#,##0.00"), "0.50");
+    EXPECT_EQ(Formato(qint64(7), "0000"), "0007");
+    EXPECT_EQ(Formato(qint64(12345), "0000"), "12345");
+    EXPECT_EQ(Formato(qint64(7), "#,##0"), "7");
+    EXPECT_EQ(Formato(0.4, "#"), "");
+    EXPECT_EQ(Formato(1.5, "#,##0.0#"), "1.5");
+    EXPECT_EQ(Formato(1.25, "#,##0.0#"), "1.25");
+    EXPECT_EQ(Formato(1.0, "#,##0.0#"), "1.0");
+    EXPECT_EQ(Formato(std::numeric_limits<qint64>::max(), "#,##0"), "9,223,372,036,854,775,807");
+    EXPECT_EQ(Formato(std::numeric_limits<qint64>::min(), "#,##0"), "-9,223,372,036,854,775,808");
+    EXPECT_EQ(
+        Formato(Moneda::DeDiezmilesimos(std::numeric_limits<std::int64_t>::min()), "#,##0.0000"),
+        "-922,337,203,685,477.5808");
+}
+
+// A report changes patterns from one column to the next; each call follows
+// its own.
+TEST(Formato, CadaLlamadaSigueSuPatron) {
+    const QString dos("#,##0.00"), cuatro("#,##0.0000"), entero("#,##0");
+    for (int vuelta = 0; vuelta < 2; ++vuelta) {
+        EXPECT_EQ(Formato(1234.5, dos), "1,234.50");
+        EXPECT_EQ(Formato(1234.5, entero), "1,235");
+        EXPECT_EQ(Formato(1234.5, cuatro), "1,234.5000");
+        EXPECT_EQ(Formato(Moneda::DeTexto("1234.5"), dos), "1,234.50");
+        EXPECT_EQ(Formato(qint64(1234), "0#"), "1234");
+    }
 }
 
 TEST(Formato, Fechas) {

@@ -118,6 +118,28 @@ TEST(PaginaEmf, IdaYVueltaDePaginasAlAzar) {
     }
 }
 
+// A crowded page makes a file far larger than a usual one; it is whole, and
+// says its own size in the header.
+TEST(PaginaEmf, PaginaMuyLlenaQuedaEntera) {
+    Pagina p;
+    EstadoDibujo e;
+    for (int i = 0; i < 3000; ++i) {
+        e.FontSize = 5 + i % 4;
+        e.FontBold = i % 3 == 0;
+        e.TextAlign = i % 3;
+        p.elementos.push_back(
+            Elemento::Texto(i % 10000, i % 14000, QString("Artículo %1 € ñ").arg(i), e));
+        if (i % 50 == 0)
+            p.elementos.push_back(Elemento::Linea(0, i % 14000, 10500, i % 14000, ColorAzul));
+    }
+    const QByteArray b = CodificaEmf(p);
+    ASSERT_GT(b.size(), 256 * 1024);
+    quint32 declarado;
+    memcpy(&declarado, b.constData() + 48, 4);
+    EXPECT_EQ(declarado, quint32(b.size()));
+    EXPECT_EQ(DecodificaEmf(b), p);
+}
+
 TEST(PaginaEmf, LoadPageReproduceLaPaginaYLoNuevoVaEncima) {
     QTemporaryDir dir;
     const QString ruta = dir.filePath("p_1.emf");
