@@ -5,6 +5,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QtGlobal>
+#include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace consultas::host {
 
@@ -130,6 +134,23 @@ void ValidaConexion(const OpcionesHost& o) {
     if (!ini.isFile() || !ini.isReadable())
         throw ErrorUso(
             QString("no se puede leer el archivo de configuración '%1'").arg(ini.filePath()));
+}
+
+namespace {
+void FiltraMensajesQt(QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
+    if (texto.contains("propagateSizeHints"))
+        return;
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(tipo, contexto, texto)));
+}
+} // namespace
+
+void PreparaProcesoQt() {
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QByteArray dir = QByteArray("/tmp/consultas-runtime-") + QByteArray::number(getuid());
+        mkdir(dir.constData(), 0700);
+        qputenv("XDG_RUNTIME_DIR", dir);
+    }
+    qInstallMessageHandler(FiltraMensajesQt);
 }
 
 } // namespace consultas::host

@@ -62,4 +62,10 @@ std::int32_t TipoDePantalla(const QString& pantalla);
 // settings file. Throws ErrorUso.
 void ValidaConexion(const OpcionesHost& o);
 
+// Before the application object: gives Qt a private runtime folder when the
+// session has none (a service, a bare root shell), which it would warn about
+// on every start, and drops the offscreen platform's warning about window
+// hints, which means nothing without a screen.
+void PreparaProcesoQt();
+
 } // namespace consultas::host

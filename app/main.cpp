@@ -14,8 +14,6 @@
 #include <cstring>
 #include <functional>
 #include <map>
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace consultas;
 using namespace consultas::host;
@@ -37,14 +35,6 @@ bool NecesitaPantalla(const char* sub) {
     return std::strcmp(sub, "abrir") == 0 || std::strcmp(sub, "vista") == 0;
 }
 
-// The offscreen platform warns about window hints that mean nothing without
-// a screen; batch runs show their screens there, so the warning is noise.
-void FiltraMensajesQt(QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
-    if (texto.contains("propagateSizeHints"))
-        return;
-    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(tipo, contexto, texto)));
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -61,14 +51,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "consultas: no hay pantalla: defina DISPLAY o QT_QPA_PLATFORM\n");
         return SalidaUso;
     }
-    // Qt warns on every start when the session has no runtime folder (as
-    // under a service or a bare root shell); give it a private one.
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        const QByteArray dir = QByteArray("/tmp/consultas-runtime-") + QByteArray::number(getuid());
-        mkdir(dir.constData(), 0700);
-        qputenv("XDG_RUNTIME_DIR", dir);
-    }
-    qInstallMessageHandler(FiltraMensajesQt);
+    PreparaProcesoQt();
     QApplication app(argc, argv);
     QStringList args = QApplication::arguments().mid(2);
 

@@ -40,21 +40,12 @@
 #include <thread>
 #include <vector>
 
-#include <sys/stat.h>
-#include <unistd.h>
+#include "MemoriaProceso.h"
+#include "OpcionesHost.h"
 
 using namespace consultas;
 
 namespace {
-
-long MemoriaKb(const char* campo) {
-    std::ifstream f("/proc/self/status");
-    std::string linea;
-    while (std::getline(f, linea))
-        if (linea.rfind(campo, 0) == 0)
-            return std::stol(linea.substr(std::string(campo).size()));
-    return -1;
-}
 
 struct Muestra {
     qint64 ns;
@@ -154,25 +145,12 @@ Bitacora LeeBitacora(const QString& ruta) {
     return b;
 }
 
-// The offscreen platform warns about window hints that mean nothing without
-// a screen; the figures are easier to read without them.
-void FiltraMensajesQt(QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
-    if (texto.contains("propagateSizeHints"))
-        return;
-    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(tipo, contexto, texto)));
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        const QByteArray dir = QByteArray("/tmp/consultas-runtime-") + QByteArray::number(getuid());
-        mkdir(dir.constData(), 0700);
-        qputenv("XDG_RUNTIME_DIR", dir);
-    }
-    qInstallMessageHandler(FiltraMensajesQt);
+    host::PreparaProcesoQt();
     QApplication app(argc, argv);
     if (argc < 2) {
         std::fprintf(stderr, "uso: bench_diario SUITE [DESDE HASTA [CONEXION]]\n");

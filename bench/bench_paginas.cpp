@@ -18,18 +18,11 @@
 #include <fstream>
 #include <string>
 
+#include "MemoriaProceso.h"
+
 using namespace consultas;
 
 namespace {
-
-long MemoriaKb(const char* campo) {
-    std::ifstream f("/proc/self/status");
-    std::string linea;
-    while (std::getline(f, linea))
-        if (linea.rfind(campo, 0) == 0)
-            return std::stol(linea.substr(std::string(campo).size()));
-    return -1;
-}
 
 void Encabezado(Superficie& s, int pagina) {
     s.SaveState();
