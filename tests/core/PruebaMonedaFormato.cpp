@@ -78,19 +78,6 @@ TEST(Formato, GruposCerosYDecimalesOpcionales) {
         "-922,337,203,685,477.5808");
 }
 
-// A report changes patterns from one column to the next; each call follows
-// its own.
-TEST(Formato, CadaLlamadaSigueSuPatron) {
-    const QString dos("#,##0.00"), cuatro("#,##0.0000"), entero("#,##0");
-    for (int vuelta = 0; vuelta < 2; ++vuelta) {
-        EXPECT_EQ(Formato(1234.5, dos), "1,234.50");
-        EXPECT_EQ(Formato(1234.5, entero), "1,235");
-        EXPECT_EQ(Formato(1234.5, cuatro), "1,234.5000");
-        EXPECT_EQ(Formato(Moneda::DeTexto("1234.5"), dos), "1,234.50");
-        EXPECT_EQ(Formato(qint64(1234), "0#"), "1234");
-    }
-}
-
 TEST(Formato, Fechas) {
     const QDate d(2024, 3, 5);
     EXPECT_EQ(FormatoFecha(d, "DD/MM/YYYY"), "05/03/2024");
