@@ -280,23 +280,6 @@ TEST_P(DemoEnMotor, UnaSentenciaDeLasConsultasPorTabla) {
          "tblOCOMRen.COD1_ART=tblCatArticulos.COD1_ART) "
          "WHERE FEC_OCOM BETWEEN " +
              D1 + " AND " + D2 + " AND (BACKORDER>0) AND COD_ESTATUS<>5"},
-        {"tblComprasEnc tblComprasRen (Diario de Compras)",
-         "SELECT "
-         "tblComprasEnc.FOL_DOC,FEC_DOC,tblComprasEnc.COD_PROV,REF_FACTURA,tblComprasEnc.COD_ALM,"
-         "TIP_CAM,IMP_DOC,"
-         "DES_DOC,CARGO_TOTAL,SUB_DOC,IVA_DOC,TOT_DOC,SUM(IMP_ARANCEL)AS "
-         "ARANCEL,tblSucursales.COD_SUCU,DES_SUCU,"
-         "COD_ESTATUS,COD_USU FROM ((tblComprasEnc LEFT JOIN tblCatProveedor ON "
-         "tblComprasEnc.COD_PROV=tblCatProveedor.COD_PROV) "
-         "LEFT JOIN tblSucursales ON tblComprasEnc.COD_SUCU=tblSucursales.COD_SUCU) INNER JOIN "
-         "tblComprasRen ON "
-         "tblComprasEnc.FOL_DOC=tblComprasRen.FOL_DOC WHERE FEC_DOC BETWEEN " +
-             D1 + " AND " + D2 +
-             " AND IMPORTACION=1 AND (COD_ESTATUS<>2 AND COD_ESTATUS<>7) GROUP BY "
-             "tblComprasEnc.FOL_DOC,FEC_DOC,"
-             "tblComprasEnc.COD_PROV,REF_FACTURA,tblComprasEnc.COD_ALM,TIP_CAM,IMP_DOC,DES_DOC,"
-             "CARGO_TOTAL,SUB_DOC,IVA_DOC,"
-             "TOT_DOC,tblSucursales.COD_SUCU,DES_SUCU,COD_ESTATUS"},
         {"tblComprasRen (Compras por Artículo)",
          "SELECT tblComprasEnc.COD_PROV,NOM_PROV,SUM(CAN_ART*COS_COM*TIP_CAM)AS COSTO, "
          "SUM((CAN_ART * COS_COM * TIP_CAM) * "
