@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Benchmarks: builds optimised and runs each one, printing its figures.
-#   scripts/bench.sh            page run (5,000 pages), a large demo suite, and the
-#                               purchase journal (Diario de Compras, Detallado) over it
+#   scripts/bench.sh            page run (5,000 pages), a large demo suite, and
+#                               inquiries over it (Diario de Compras, Detallado, ...)
 #   PAGINAS=1000 ESCALA=20 scripts/bench.sh   smaller runs
 # ESCALA 200 (the default) gives about 1.09 million purchase lines; the journal
 # runs over half of the demo period and over all of it, to show the first pass's
@@ -21,7 +21,11 @@ echo "== Demo suite at scale ${ESCALA:-200}"
 /usr/bin/time -f "demo: %e s, peak %M KB" \
   ./build-bench/app/consultas demo "$tmp/suite" --escala "${ESCALA:-200}" | tail -3
 
+# An inquiry as the batch host runs it: bench_consulta SUITE --pantalla P SETTINGS...
+consulta() { ./build-bench/bench/bench_consulta "$tmp/suite" "$@"; }
+diario=(--pantalla compras cmbConsulta=0 optDoc=3 optDetRes=0)
+
 echo "== Purchase journal, detailed receipts, half of the demo period"
-./build-bench/bench/bench_diario "$tmp/suite" 2025-01-02 2025-12-15
+consulta "${diario[@]}" 'dtpFecha[0]=2025-01-02' 'dtpFecha[1]=2025-12-15'
 echo "== Purchase journal, detailed receipts, the whole demo period"
-./build-bench/bench/bench_diario "$tmp/suite" 2025-01-02 2026-11-30
+consulta "${diario[@]}" 'dtpFecha[0]=2025-01-02' 'dtpFecha[1]=2026-11-30'

@@ -1,16 +1,15 @@
-// Purchase journal benchmark: the Diario de Compras at Detallado level, of
-// receipts, over a demo suite, driven as the batch host drives it (the real
+// Benchmark of one inquiry, driven as the batch host drives it (the real
 // screen offscreen, the settings applied as a user would, F10) to a finished
 // document and a PDF.
-//   bench_diario SUITE [DESDE HASTA [CONEXION]]
-// Dates are YYYY-MM-DD, the whole demo period 2025-01-02..2026-11-30 by
-// default. CONEXION is the database when it is not SUITE/suite.db, such as
-// the demo loaded into PostgreSQL; SUITE still gives the settings and the
-// work folder.
+//   bench_consulta SUITE [--conexion CS] --pantalla P [CONTROL=VALOR ...]
+// SUITE gives the settings file and the work folder; the database is
+// SUITE/suite.db unless --conexion names another, such as the demo loaded
+// into PostgreSQL. Settings are those of `consultas ejecutar`.
 // Prints the wall time of the first pass (the walk, drawing and page files),
 // of the numbering pass and of the PDF; the engine's time for the statements
-// of the run, from the statement log; their ratio; and the resident memory
-// along the first pass, which must not grow with the page count.
+// of the run, from the statement log, with the statements that took most of
+// it; the ratio of the run to the engine; and the resident memory along the
+// first pass, which must not grow with the page count.
 //
 // The run's passes are seen from outside, as the page files come and go: the
 // first pass leaves one file per finished page in the work folder, and the
@@ -28,13 +27,16 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -109,14 +111,28 @@ private:
     std::thread hilo_;
 };
 
-struct Bitacora {
-    int sentencias = 0, renglones = 0; // all statements; those of a document's lines
-    double msEjecucion = 0, msLectura = 0;
-    double msRenglones = 0; // execute + fetch of the lines statements
-    double msPrincipal = 0; // execute + fetch of the documents statement
+// The statement log of the run, summed, and by shape: a statement with its
+// quoted texts and numbers taken out, so that the per-document statements of
+// a walk add up under one line.
+struct Forma {
+    int veces = 0;
+    double ms = 0;
     qint64 filas = 0;
-    qint64 filasPrincipal = 0;
 };
+struct Bitacora {
+    int sentencias = 0;
+    double msEjecucion = 0, msLectura = 0;
+    qint64 filas = 0;
+    std::map<QString, Forma> formas;
+};
+
+QString FormaDe(const QByteArray& sentencia) {
+    static const QRegularExpression textos("'[^']*'"), numeros(R"(\b\d+(\.\d+)?\b)");
+    QString f = QString::fromUtf8(sentencia).trimmed();
+    f.replace(textos, "?");
+    f.replace(numeros, "#");
+    return f;
+}
 
 Bitacora LeeBitacora(const QString& ruta) {
     Bitacora b;
@@ -129,18 +145,15 @@ Bitacora LeeBitacora(const QString& ruta) {
         if (c.size() < 4)
             continue;
         const double ej = c[0].toDouble(), le = c[1].toDouble();
-        const qint64 filas = c[2].toLongLong();
+        const qint64 filas = std::max<qint64>(c[2].toLongLong(), 0);
         ++b.sentencias;
         b.msEjecucion += ej;
         b.msLectura += le;
-        b.filas += std::max<qint64>(filas, 0);
-        if (c[3].contains("FROM tblComprasRen LEFT JOIN")) {
-            ++b.renglones;
-            b.msRenglones += ej + le;
-        } else if (c[3].contains("SUM(IMP_ARANCEL)AS ARANCEL")) {
-            b.msPrincipal += ej + le;
-            b.filasPrincipal = filas;
-        }
+        b.filas += filas;
+        Forma& forma = b.formas[FormaDe(c[3])];
+        ++forma.veces;
+        forma.ms += ej + le;
+        forma.filas += filas;
     }
     return b;
 }
@@ -152,23 +165,32 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     host::PreparaProcesoQt();
     QApplication app(argc, argv);
-    if (argc < 2) {
-        std::fprintf(stderr, "uso: bench_diario SUITE [DESDE HASTA [CONEXION]]\n");
+    QStringList args = app.arguments().mid(1);
+    if (args.isEmpty() || args[0].startsWith("--")) {
+        std::fprintf(
+            stderr, "uso: bench_consulta SUITE [--conexion CS] --pantalla P [CONTROL=VALOR ...]\n");
         return 2;
     }
-    const QString suite = QDir(argv[1]).absolutePath();
-    const QString desde = argc > 3 ? argv[2] : "2025-01-02";
-    const QString hasta = argc > 3 ? argv[3] : "2026-11-30";
-    const QString cadena = argc > 4 ? QString(argv[4]) : suite + "/suite.db";
+    const QString suite = QDir(args.takeFirst()).absolutePath();
+    if (!args.contains("--conexion"))
+        args << "--conexion" << suite + "/suite.db";
+    host::OpcionesHost o;
+    try {
+        o = host::LeeOpciones(args, true);
+    } catch (const host::ErrorUso& e) {
+        std::fprintf(stderr, "bench_consulta: %s\n", qPrintable(e.mensaje));
+        return 2;
+    }
+    const QString cadena = o.conexion;
     QTemporaryDir temporal;
     const QString rutaBitacora = temporal.filePath("bitacora.tsv");
-    const QString rutaPdf = temporal.filePath("diario.pdf");
+    const QString rutaPdf = temporal.filePath("consulta.pdf");
 
     auto guion = std::make_shared<servicios::GuionServicios>();
     servicios::ServiciosInstalados instalados(servicios::FabricasLote(guion));
     clsConsultaCompras clase;
     if (!clase.PreparaConsulta(cadena, 4, 1, QString(), suite)) {
-        std::fprintf(stderr, "bench_diario: no se abrió la base %s\n", qPrintable(cadena));
+        std::fprintf(stderr, "bench_consulta: no se abrió la base %s\n", qPrintable(cadena));
         return 1;
     }
 
@@ -191,15 +213,23 @@ int main(int argc, char** argv) {
         nsPdf = relojPdf.nsecsElapsed();
     };
 
-    std::unique_ptr<QDialog> dialogo = modConCompras::CreaPantalla(ConsultasDeCompras);
-    auto* pantalla = dynamic_cast<PantallaBase*>(dialogo.get());
-    pantalla->show();
-    // Diario de Compras, receipts, Detallado, the period asked for.
-    pantalla->AplicaAjuste("cmbConsulta", std::nullopt, "0");
-    pantalla->AplicaAjuste("optDoc", std::nullopt, "3");
-    pantalla->AplicaAjuste("optDetRes", std::nullopt, "0");
-    pantalla->AplicaAjuste("dtpFecha", 0, desde);
-    pantalla->AplicaAjuste("dtpFecha", 1, hasta);
+    std::unique_ptr<QDialog> dialogo;
+    PantallaBase* pantalla = nullptr;
+    try {
+        dialogo = modConCompras::CreaPantalla(host::TipoDePantalla(o.pantalla));
+        pantalla = dynamic_cast<PantallaBase*>(dialogo.get());
+        if (!pantalla)
+            throw host::ErrorUso("la pantalla '" + o.pantalla + "' no está disponible");
+        pantalla->show();
+        for (const host::Ajuste& a : o.ajustes)
+            pantalla->AplicaAjuste(a.control, a.indice, a.valor);
+    } catch (const host::ErrorUso& e) {
+        std::fprintf(stderr, "bench_consulta: %s\n", qPrintable(e.mensaje));
+        return 2;
+    } catch (const ErrorAjuste& e) {
+        std::fprintf(stderr, "bench_consulta: %s\n", qPrintable(e.mensaje));
+        return 2;
+    }
 
     // Only the run's own statements go to the log, not the screen's lists.
     Conexion::FijaBitacora(rutaBitacora);
@@ -213,41 +243,48 @@ int main(int argc, char** argv) {
     pantalla->close();
 
     if (guion->Cuenta("MuestraError") > 0 || paginas == 0) {
-        std::fprintf(stderr, "bench_diario: la consulta no terminó: %s\n",
+        const auto mensajes = guion->De("Mensaje");
+        std::fprintf(stderr, "bench_consulta: la consulta no terminó: %s\n",
                      guion->Cuenta("MuestraError") > 0
                          ? qPrintable(guion->De("MuestraError").back().texto)
-                         : "sin documento");
-        return 1;
-    }
-    if (observador.nsNumeracion < 0) {
-        std::fprintf(stderr, "bench_diario: no se vio el paso a la numeración\n");
+                     : !mensajes.empty() ? qPrintable(mensajes.back().texto)
+                                         : "sin documento");
         return 1;
     }
 
     const Bitacora b = LeeBitacora(rutaBitacora);
-    const double sPrimera = observador.nsNumeracion / 1e9;
-    const double sNumeracion = (nsDocumento - observador.nsNumeracion) / 1e9;
+    // A run of a single page deletes its page file before the watcher sees
+    // it; the whole run then counts as the first pass.
+    const qint64 nsPrimera = observador.nsNumeracion < 0 ? nsDocumento : observador.nsNumeracion;
+    const double sPrimera = nsPrimera / 1e9;
+    const double sNumeracion = (nsDocumento - nsPrimera) / 1e9;
     const double sCorrida = nsDocumento / 1e9;
     const double sMotor = (b.msEjecucion + b.msLectura) / 1e3;
 
-    std::printf("Diario de Compras, recepciones, detallado, %s..%s\n", qPrintable(desde),
-                qPrintable(hasta));
-    std::printf("páginas %d, elementos %zu; documentos %lld, renglones leídos %lld\n", paginas,
-                elementos, b.filasPrincipal, b.filas - b.filasPrincipal);
-    std::printf("sentencias %d (%d de renglones de un documento)\n", b.sentencias, b.renglones);
+    std::printf("%s:", qPrintable(o.pantalla));
+    for (const host::Ajuste& a : o.ajustes)
+        std::printf(" %s", qPrintable(a.textoOriginal));
+    std::printf("\npáginas %d, elementos %zu; filas leídas %lld\n", paginas, elementos, b.filas);
+    std::printf("sentencias %d\n", b.sentencias);
     std::printf("primera pasada:        %8.2f s\n", sPrimera);
     std::printf("pasada de numeración:  %8.2f s\n", sNumeracion);
     std::printf("corrida (las dos):     %8.2f s\n", sCorrida);
     std::printf("PDF:                   %8.2f s  (%lld KB)\n", nsPdf / 1e9,
                 QFile(rutaPdf).size() / 1024);
     std::printf("total hasta el PDF:    %8.2f s\n", nsTotal / 1e9);
-    std::printf("motor (bitácora):      %8.2f s  = ejecución %.2f + lectura %.2f; "
-                "sentencia de documentos %.2f s, renglones %.2f s\n",
-                sMotor, b.msEjecucion / 1e3, b.msLectura / 1e3, b.msPrincipal / 1e3,
-                b.msRenglones / 1e3);
+    std::printf("motor (bitácora):      %8.2f s  = ejecución %.2f + lectura %.2f\n", sMotor,
+                b.msEjecucion / 1e3, b.msLectura / 1e3);
+    // The shapes that took most of the engine's time.
+    std::vector<std::pair<QString, Forma>> formas(b.formas.begin(), b.formas.end());
+    std::sort(formas.begin(), formas.end(),
+              [](const auto& x, const auto& y) { return x.second.ms > y.second.ms; });
+    for (size_t i = 0; i < std::min<size_t>(3, formas.size()); ++i)
+        std::printf("  %8.2f s  %6d veces  %9lld filas  %s\n", formas[i].second.ms / 1e3,
+                    formas[i].second.veces, formas[i].second.filas,
+                    qPrintable(formas[i].first.left(90)));
     std::printf("fuera del motor:       %8.2f s  (primera pasada %.2f s)\n", sCorrida - sMotor,
                 sPrimera - sMotor);
-    std::printf("corrida / motor:       %8.2f  (meta <= 1.5)\n", sCorrida / sMotor);
+    std::printf("corrida / motor:       %8.2f\n", sMotor > 0 ? sCorrida / sMotor : 0.0);
 
     // Resident memory along the first pass, at each fifth of its pages.
     const auto& m = observador.muestras;
